@@ -1,0 +1,304 @@
+#include "core/toolkit/Surface.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+int devicePixel(double px, double dpr)
+{
+    return static_cast<int>(std::floor(px * dpr));
+}
+
+int buttonOf(Qt::MouseButton button)
+{
+    return button == Qt::RightButton ? rightButton : button == Qt::MiddleButton ? 4 : leftButton;
+}
+
+int shiftOf(Qt::KeyboardModifiers keys)
+{
+    return (keys & Qt::ShiftModifier ? 1 : 0) | (keys & Qt::ControlModifier ? 2 : 0) | (keys & Qt::AltModifier ? 4 : 0);
+}
+
+}
+
+Surface::Surface(QWidget* parent, const QString& name, QColor backColor) : QWidget(parent), backColor_(backColor)
+{
+    setObjectName(name);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+Surface::~Surface()
+{
+    while (!items_.empty()) delete items_.back();
+}
+
+double Surface::scale() const
+{
+    return devicePixelRatioF();
+}
+
+void Surface::place(Twips left, Twips top, Twips width, Twips height)
+{
+    left_ = left, top_ = top, width_ = width, height_ = height;
+    layWidget();
+    fitStore();
+}
+
+void Surface::setLeft(Twips left)
+{
+    left_ = left;
+    layWidget();
+}
+
+void Surface::setTop(Twips top)
+{
+    top_ = top;
+    layWidget();
+}
+
+void Surface::setWidth(Twips width)
+{
+    width_ = width;
+    layWidget();
+    fitStore();
+}
+
+void Surface::layWidget()
+{
+    const auto px = [](Twips twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); };
+    setGeometry(px(left_), px(top_), std::max(0, px(width_)), std::max(0, px(height_)));
+}
+
+// Keeps what is drawn where the size changes, and makes room for one column more than the width, so that a copy
+// from a stamp never ends a device pixel short at a broken scale.
+void Surface::fitStore()
+{
+    const double dpr = scale();
+    const QSize size(devicePixel(std::max(0.0f, width_) / twipsPerPixel, dpr) + 1,
+                     devicePixel(std::max(0.0f, height_) / twipsPerPixel, dpr) + 1);
+    if (size == store_.size()) return;
+    QImage fresh(size, QImage::Format_RGB32);
+    fresh.fill(backColor_);
+    if (!store_.isNull()) {
+        const auto bytes = static_cast<std::size_t>(std::min(size.width(), store_.width())) * 4;
+        for (int y = 0; y < std::min(size.height(), store_.height()); ++y)
+            std::copy_n(store_.constScanLine(y), bytes, fresh.scanLine(y));
+    }
+    store_ = std::move(fresh);
+    update();
+}
+
+void Surface::Cls()
+{
+    fitStore();
+    store_.fill(backColor_);
+    if (background) {
+        QPainter painter(&store_);
+        painter.scale(scale(), scale());
+        background(painter, QSizeF(store_.size()) / scale());
+    }
+    update();
+}
+
+void Surface::Print(Twips x, Twips y, const QString& text)
+{
+    QPainter painter(&store_);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.scale(scale(), scale());
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QPointF(x / twipsPerPixel, y / twipsPerPixel + QFontMetricsF(font()).ascent()), text);
+    update();
+}
+
+void Surface::BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, int sourceXPx, int sourceYPx)
+{
+    const double dpr = scale();
+    const int fromX = devicePixel(sourceXPx, dpr), fromY = devicePixel(sourceYPx, dpr);
+    const QRect wanted(QPoint(devicePixel(xPx, dpr), devicePixel(yPx, dpr)),
+                       QPoint(devicePixel(xPx + wPx, dpr) - 1, devicePixel(yPx + hPx, dpr) - 1));
+    QRect target = wanted & store_.rect();
+    target.setRight(std::min(target.right(), wanted.left() + source.store_.width() - fromX - 1));
+    target.setBottom(std::min(target.bottom(), wanted.top() + source.store_.height() - fromY - 1));
+    if (target.isEmpty()) return;
+
+    const auto bytes = static_cast<std::size_t>(target.width()) * 4;
+    const int columnIn = fromX + target.left() - wanted.left();
+    for (int y = target.top(); y <= target.bottom(); ++y)
+        std::copy_n(source.store_.constScanLine(fromY + y - wanted.top()) + columnIn * 4, bytes,
+                    store_.scanLine(y) + target.left() * 4);
+    update();
+}
+
+// All lines have one colour, so of those that fall on one column only the tallest counts. The table of columns
+// is filled row by row, which is many times quicker than line after line, and gives the same pixels.
+void Surface::strokes(std::span<const double> heights, double step, double centre, QColor color)
+{
+    const double dpr = scale();
+    const int thick = std::max(1, static_cast<int>(std::lround(dpr)));
+    const int width = store_.width(), height = store_.height();
+    std::vector<int> top(static_cast<std::size_t>(width), height), bottom(static_cast<std::size_t>(width), -1);
+    for (std::size_t i = 0; i < heights.size(); ++i) {
+        const int x = devicePixel(step * static_cast<double>(i) / twipsPerPixel, dpr);
+        const int from = devicePixel((centre - heights[i]) / twipsPerPixel, dpr);
+        const int to = devicePixel((centre + heights[i]) / twipsPerPixel, dpr);
+        for (int column = x; column < std::min(x + thick, width); ++column) {
+            auto& t = top[static_cast<std::size_t>(column)];
+            auto& b = bottom[static_cast<std::size_t>(column)];
+            t = std::min(t, std::max(from, 0));
+            b = std::max(b, std::min(to, height - 1));
+        }
+    }
+    const QRgb pixel = color.rgb();
+    for (int y = 0; y < height; ++y) {
+        auto* row = reinterpret_cast<QRgb*>(store_.scanLine(y));
+        for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x)
+            if (y >= top[x] && y <= bottom[x]) row[x] = pixel;
+    }
+    update();
+}
+
+void Surface::add(GraphicItem* item)
+{
+    items_.push_back(item);
+}
+
+void Surface::remove(GraphicItem* item)
+{
+    std::erase(items_, item);
+    if (grabber_ == item) grabber_ = nullptr;
+    update(item->GraphicItem::Visible() ? QRect(rect()) : QRect());
+}
+
+void Surface::raise(GraphicItem* item)
+{
+    std::erase(items_, item);
+    items_.push_back(item);
+}
+
+GraphicImage* Surface::imageAt(double x, double y) const
+{
+    for (auto i = items_.rbegin(); i != items_.rend(); ++i)
+        if (auto* image = qobject_cast<GraphicImage*>(*i); image && image->Visible() && image->contains(x, y)) return image;
+    return nullptr;
+}
+
+// Lines first, images above them, each in their own order.
+void Surface::paintEvent(QPaintEvent* event)
+{
+    const double dpr = scale();
+    QPainter painter(this);
+    const QRect exposed = event->rect();
+    const QRectF source(exposed.x() * dpr, exposed.y() * dpr, exposed.width() * dpr, exposed.height() * dpr);
+    painter.drawImage(QRectF(exposed), store_, source);
+
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.scale(1 / dpr, 1 / dpr);
+    const auto paintAll = [&](auto isMine) {
+        for (const GraphicItem* item : items_)
+            if (isMine(item) && item->Visible() && item->boundsPx().intersects(QRectF(exposed).adjusted(-1, -1, 1, 1)))
+                item->paint(painter, dpr);
+    };
+    paintAll([](const GraphicItem* item) { return qobject_cast<const GraphicLine*>(item) != nullptr; });
+    paintAll([](const GraphicItem* item) { return qobject_cast<const GraphicImage*>(item) != nullptr; });
+}
+
+void Surface::mousePressEvent(QMouseEvent* event)
+{
+    lastPress_ = event->globalPosition().toPoint();
+    if (focusPolicy() & Qt::ClickFocus) setFocus(Qt::MouseFocusReason);
+    const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
+    GraphicImage* image = imageAt(x, y);
+    grabber_ = image;
+    isPressed_ = true;
+    const int button = buttonOf(event->button()), shift = shiftOf(event->modifiers());
+    if (!image) {
+        if (onMouseDown) onMouseDown(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
+    } else if (image->onMouseDown) {
+        image->onMouseDown(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+    }
+}
+
+void Surface::mouseMoveEvent(QMouseEvent* event)
+{
+    const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
+    // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own.
+    GraphicImage* image = grabber_ ? grabber_ : isPressed_ ? nullptr : imageAt(x, y);
+    const int button = event->buttons() & Qt::LeftButton ? leftButton : event->buttons() & Qt::RightButton ? rightButton : 0;
+    const int shift = shiftOf(event->modifiers());
+    showCursorFor(image);
+    if (!image) {
+        if (onMouseMove) onMouseMove(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
+    } else if (image->onMouseMove) {
+        image->onMouseMove(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+    }
+}
+
+void Surface::mouseReleaseEvent(QMouseEvent* event)
+{
+    const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
+    GraphicImage* image = std::exchange(grabber_, nullptr);
+    isPressed_ = false;
+    const int button = buttonOf(event->button()), shift = shiftOf(event->modifiers());
+    if (!image) {
+        if (onMouseUp) onMouseUp(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
+    } else if (image->onMouseUp) {
+        image->onMouseUp(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+    }
+}
+
+// The toolkit's own answer would run the press handler a second time. A handle takes it as a press all the same.
+void Surface::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (imageAt(event->position().x() * twipsPerPixel, event->position().y() * twipsPerPixel))
+        mousePressEvent(event);
+    else if (onDblClick)
+        onDblClick();
+}
+
+void Surface::keyPressEvent(QKeyEvent* event)
+{
+    if (onKeyDown && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right))
+        onKeyDown(event->key());
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool Surface::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const GraphicImage* image = imageAt(help->pos().x() * twipsPerPixel, help->pos().y() * twipsPerPixel);
+        QToolTip::showText(help->globalPos(), image ? image->toolTip : toolTip(), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void Surface::setMousePointer(const QCursor& cursor)
+{
+    pointer_ = cursor;
+    setCursor(cursor);
+}
+
+void Surface::setDefaultPointer()
+{
+    setMousePointer(QCursor(Qt::ArrowCursor));
+}
+
+void Surface::showCursorFor(const GraphicImage* image)
+{
+    if (image)
+        setCursor(image->cursor);
+    else if (cursor() != pointer_)
+        setCursor(pointer_);
+}

@@ -1,0 +1,19 @@
+// Rule: how far the handle of a cut can be dragged.
+#pragma once
+
+#include "core/Numbers.h"
+
+#include <span>
+
+struct DragLimits {
+    std::int32_t low = 0;     ///< sample
+    std::int32_t high = 0;    ///< sample
+};
+
+/// Half a second to the ends of the file and to the neighbouring cuts. `index` is 1-based.
+DragLimits dragLimits(std::span<const std::int32_t> cuts, std::int32_t count, std::int32_t index,
+                      std::int32_t totalSamples, std::int32_t rate);
+
+/// Where a handle pulled to x stands, in whole twips; `low` and `high` are the positions of the limits. The upper
+/// limit is tested first, which decides where neighbours stand closer than a second.
+std::int32_t heldWithin(Twips x, Twips low, Twips high);

@@ -1,0 +1,5 @@
+#include "encoders/Dialogs.h"
+
+void showMp3Settings(CutterSelect&) {}
+void showOggSettings(CutterSelect&) {}
+void showWmaSettings(CutterSelect&) {}

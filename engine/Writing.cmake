@@ -1,0 +1,21 @@
+target_sources(engine PRIVATE
+    FileWriter.cpp
+    LameApi.cpp
+    Latin1Text.cpp
+    LameFormat.cpp
+    Mp3CommandLine.cpp
+    Mp3Encoder.cpp
+    Mp3Presets.cpp
+    Mp3Rates.cpp
+    Mp3Settings.cpp
+    OutputFile.cpp
+    TagEngine.cpp
+    TagsAsf.cpp
+    TagsMpeg.cpp
+    TagsOgg.cpp
+    TagStream.cpp
+    VorbisEncoder.cpp
+    WavWriter.cpp
+    WmaEncoder.cpp
+    WmaProfiles.cpp
+)

@@ -1,0 +1,21 @@
+#include "export/CopyStretch.h"
+
+#include "core/Numbers.h"
+
+#include <algorithm>
+
+void copySamples(AudioFile& reader, AudioFile& writer, std::int32_t length,
+                 const std::function<bool(double position)>& goesOn)
+{
+    double position = 0;
+    for (;;) {
+        const double remaining = length - position;
+        const auto block = remaining < copyBlock ? toLong(remaining) : copyBlock;
+        const SampleArray buffer = reader.ReadArray(block);
+        if (position >= length) return;
+        writer.WriteArray(buffer);
+        position += static_cast<double>(buffer.size()) / reader.GetReadChannels();
+        position = std::min<double>(position, length);
+        if (!goesOn(position)) return;
+    }
+}

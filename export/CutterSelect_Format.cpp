@@ -1,0 +1,174 @@
+// Which output format is selected: the string, the stored key, the option buttons, the check marks and the writer are
+// kept in step.
+#include "core/CutterSelect.h"
+
+#include "encoders/Dialogs.h"
+#include "export/FormatTable.h"
+#include "support/LameEncoder.h"
+#include "support/LameLibrary.h"
+#include "support/Registre.h"
+
+namespace {
+
+QString storedFormat()
+{
+    const QString format = IniRead(IniPath, QStringLiteral("OutPutCut"), QStringLiteral("Format"));
+    return format.isEmpty() ? QStringLiteral("MP3") : format;
+}
+
+void storeFormat(const QString& format)
+{
+    IniWrite(IniPath, QStringLiteral("OutPutCut"), QStringLiteral("Format"), format);
+}
+
+QString storedWmaSupport()
+{
+    const QString value = IniRead(IniPath, QStringLiteral("WMA"), QStringLiteral("WMASUPPORT"));
+    if (!value.isEmpty()) return value;
+    IniWrite(IniPath, QStringLiteral("WMA"), QStringLiteral("WMASUPPORT"), QStringLiteral("False"));
+    return QStringLiteral("False");
+}
+
+}
+
+void CutterSelect::InitOutputFormat()
+{
+    const QString wmaSupport = storedWmaSupport();
+    const bool isWmaOn = wmaSupport == QLatin1String("True");
+    FileWenc->SetWmaEnabled(isWmaOn);
+    FileR->SetWmaEnabled(isWmaOn);
+    Option1[3].setEnabled(isWmaOn);
+    Image6[3].setEnabled(isWmaOn);
+    SavePartWMA.setVisible(isWmaOn);
+    SelecWma.setVisible(isWmaOn);
+
+    const bool isMp3There = LameEncoderPresent();
+    if (!isMp3There) withdrawMp3();
+    OUTPUTFORMAT = storedFormat();
+    if (OUTPUTFORMAT == QLatin1String("MP3") && !isMp3There) OUTPUTFORMAT = QStringLiteral("WAV");
+    // Kept: WMA that is stored but switched off configures MP3, and the library isn't asked for again.
+    const bool isWmaRefused = OUTPUTFORMAT == QLatin1String("WMA") && wmaSupport == QLatin1String("False");
+    configureFor(isWmaRefused ? QStringLiteral("MP3") : OUTPUTFORMAT);
+}
+
+void CutterSelect::withdrawMp3()
+{
+    SavePartMP3.setEnabled(false);
+    Option1[1].setEnabled(false);
+    SelecMP3.setEnabled(false);
+    Image6[1].setEnabled(false);
+    showLameEncoder(this);
+    SavePartMP3.setEnabled(false);
+}
+
+void CutterSelect::RestoreOutputFormat()
+{
+    OUTPUTFORMAT = storedFormat();
+    configureFor(OUTPUTFORMAT);
+}
+
+// The writer and the controls for a format; any other text configures nothing.
+void CutterSelect::configureFor(const QString& format)
+{
+    const OutputFormat* row = formatByName(format);
+    if (!row) return;
+    if (format == QLatin1String("MP3")) ApplyMp3Settings();
+    if (format == QLatin1String("OGG")) ApplyOggSettings();
+    if (format == QLatin1String("WMA")) {
+        applyWmaSettings();
+        showFormatLine();
+    }
+    if (format == QLatin1String("WAV")) {
+        FileWenc->SetFormatPCM(44100, 2, 16);
+        showFormatLine();
+    }
+    // The selection is brought back here, not made: the check mark follows, and what is stored stays as it is.
+    Option1[static_cast<std::size_t>(row->option)].setChecked(true);
+    CheckFormatMenu(row->menu);
+}
+
+void CutterSelect::Option1_Click(int index)
+{
+    const OutputFormat* row = formatByOption(index);
+    if (!row) return;
+    OUTPUTFORMAT = QString::fromLatin1(row->name);
+    storeFormat(OUTPUTFORMAT);
+    switch (index) {
+    case 0:
+        FileWenc->SetFormatPCM(44100, 2, 16);
+        showFormatLine();
+        break;
+    case 1:
+        ApplyMp3Settings();
+        FileWenc->SetFormatMP3Ex(*MP3LameEncoderMain);
+        break;
+    case 2: ApplyOggSettings(); break;
+    default:
+        applyWmaSettings();
+        showFormatLine();
+        break;
+    }
+    CheckFormatMenu(row->menu);
+}
+
+// A button that is set on by the program runs its handler when that changes it.
+void CutterSelect::setOption(int index)
+{
+    QRadioButton& option = Option1[static_cast<std::size_t>(index)];
+    if (option.isChecked()) return;
+    option.setChecked(true);
+    Option1_Click(index);
+}
+
+void CutterSelect::CheckFormatMenu(int index)
+{
+    QAction* const marks[] = {&SelecMP3, &selecOgg, &SelecWma, &SelecWav};
+    for (int i = 0; i < 4; ++i) marks[i]->setChecked(i == index);
+}
+
+void CutterSelect::Image6_Click(int index)
+{
+    setOption(index);
+    const OutputFormat* row = formatByOption(index);
+    if (!row) return;
+    OUTPUTFORMAT = QString::fromLatin1(row->name);
+    switch (index) {
+    case 0:
+        // Kept: this fixed text, spelled so in every language, stands in place of the writer's own.
+        StatusBar1.Panels(2).setText(langText(71) + QString::fromUtf8("WAV, 44100 Khz, Stéréo, 16 bits"));
+        break;
+    case 1: showMp3Settings(*this); break;
+    case 2: showOggSettings(*this); break;
+    default: showWmaSettings(*this); break;
+    }
+    storeFormat(QString::fromLatin1(row->name));
+}
+
+void CutterSelect::SelecMP3_Click()
+{
+    Option1_Click(1);
+    Option1[1].setChecked(true);
+}
+
+void CutterSelect::selecOgg_Click()
+{
+    Option1_Click(2);
+    Option1[2].setChecked(true);
+}
+
+void CutterSelect::SelecWma_Click()
+{
+    Option1_Click(3);
+    Option1[3].setChecked(true);
+}
+
+void CutterSelect::SelecWav_Click()
+{
+    Option1_Click(0);
+    Option1[0].setChecked(true);
+}
+
+void CutterSelect::SelecFormatConfig_Click()
+{
+    if (const OutputFormat* row = formatByName(OUTPUTFORMAT)) Image6_Click(row->option);
+}

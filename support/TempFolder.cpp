@@ -1,0 +1,69 @@
+#include "support/TempFolder.h"
+
+#include "core/Errors.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <fcntl.h>
+#include <map>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int mostPrograms = 100;
+
+QString baseFolder()
+{
+    const QString chosen = qEnvironmentVariable("TMPDIR");
+    if (!chosen.isEmpty()) return QDir::cleanPath(chosen);
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache);
+    return cache + QStringLiteral("/quillon");
+}
+
+// Ours alone: made 0700, or found as a folder (not a link) of this user.
+bool makeOwnFolder(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    if (::mkdir(name.constData(), 0700) == 0) return true;
+    struct stat status {};
+    return ::lstat(name.constData(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid();
+}
+
+// The lock goes with the process, however it ends.
+bool lock(const QString& folder)
+{
+    const QByteArray name = QFile::encodeName(folder + QStringLiteral("/quillon.lock"));
+    const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (file < 0) return false;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) return true;
+    ::close(file);
+    return false;
+}
+
+QString claimBelow(const QString& base)
+{
+    for (int n = 1; n <= mostPrograms; ++n) {
+        const QString folder = n == 1 ? base : base + QStringLiteral("/quillon-%1").arg(n);
+        if (n > 1 && !makeOwnFolder(folder)) continue;
+        if (lock(folder)) return folder + QLatin1Char('/');
+    }
+    throw EngineError(QStringLiteral("no folder for work files below %1").arg(base));
+}
+
+}
+
+QString temporaryFolder()
+{
+    static std::map<QString, QString> claimed;
+    const QString base = baseFolder();
+    const auto known = claimed.find(base);
+    if (known != claimed.end() && QDir(known->second).exists()) return known->second;
+    if (qEnvironmentVariableIsEmpty("TMPDIR") && !makeOwnFolder(base))
+        throw EngineError(QStringLiteral("%1 is not a folder of this user").arg(base));
+    return claimed[base] = claimBelow(base);
+}

@@ -1,0 +1,389 @@
+// The player on a real sound server of its own, and what a recorder hears of it.
+#include "engine/PulseOut.h"
+#include "engine/PulsePlayer.h"
+#include "tests/support/CodedSound.h"
+#include "tests/support/PulseServer.h"
+
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+
+namespace {
+
+constexpr int patienceMs = 30000;
+
+/// Feeds a player from a stretch of coded sound as the program does, and notes what it raises.
+struct Feeder {
+    AudioPlayerStream& player;
+    std::int32_t next, last;
+    std::int32_t block = 100000;
+    std::vector<std::int32_t> positions;
+    int ends = 0;
+    bool onProgramsThread = true;
+
+    Feeder(AudioPlayerStream& fed, std::int32_t first, std::int32_t lastFrame)
+        : player(fed), next(first), last(lastFrame)
+    {
+        player.RequestOnLoadArray = [this] { check(), feed(); };
+        player.EndArrayPlay = [this] { check(); };
+        player.EndPlay = [this] { check(), ++ends; };
+        player.Timer = [this](std::int32_t position, std::int32_t, std::int32_t) {
+            check();
+            positions.push_back(position);
+        };
+    }
+
+    void feed()
+    {
+        const std::int32_t count = std::min(block, last - next + 1);
+        player.PlayArray(codedSound(next, count));
+        next += count;
+    }
+
+    void start()
+    {
+        player.SetFormat(44100, 2);
+        player.Start();
+        feed();
+        feed();
+    }
+
+    void goTo(std::int32_t frame)
+    {
+        player.ClearQueue();
+        positions.clear();
+        next = frame;
+        feed();
+        feed();
+    }
+
+    void check() { onProgramsThread &= QThread::currentThread() == QCoreApplication::instance()->thread(); }
+};
+
+}
+
+class tst_player_server : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void everyFrameOfAStretchIsHeardUnchangedOnceAndInOrder();
+    void eventsComeOnTheProgramsThreadAndTheEndAfterTheTotal();
+    void aRepositionIsHeardFromItsFirstFrameOn();
+    void whatTheServerHoldsIsDroppedByAFlush();
+    void manyRepositionsEndAtTheLast();
+    void nothingFedAfterClearQueueIsTheEnd();
+    void aFewFramesAreHeard();
+    void soundThatRanDryGoesOnWithTheNextArray();
+    void soundGoesOnWhileTheProgramsThreadIsBusy();
+    void soundStopsAtStop();
+    void aPlayerThatStoppedCanStartAgain();
+    void aPlayerCanBeDestroyedWhileItPlays();
+    void twoPlayersAreHeardAtOnce();
+    void monoIsHeardOnBothSides();
+
+    void everyDeviceOfTheServerIsCounted();
+    void theChosenDeviceIsHeard();
+    void aServerThatDiesIsTheEndAndTheNextStartFails();
+    void aDeviceThatGoesIsTheEnd();
+    void aServerWithoutADeviceFails();
+    void aServerThatStoppedAnsweringFails();
+    void aServerThatCameBackIsFound();
+
+private:
+    /// Waits until this frame has been recorded, and gives all frames but the silent ones.
+    FrameNumbers recordedUpTo(std::int32_t frame);
+    bool ended(const Feeder& feeder)
+    {
+        return QTest::qWaitFor([&] { return feeder.ends > 0; }, patienceMs);
+    }
+
+    std::unique_ptr<PulseServer> server_;
+    std::unique_ptr<AudioPlayerStream> player_;
+};
+
+void tst_player_server::init()
+{
+    server_ = std::make_unique<PulseServer>();
+    QVERIFY(server_->start());
+    QVERIFY(server_->record());
+    player_ = makePulsePlayer();
+}
+
+void tst_player_server::cleanup()
+{
+    player_.reset();
+    server_.reset();
+}
+
+FrameNumbers tst_player_server::recordedUpTo(std::int32_t frame)
+{
+    FrameNumbers heard;
+    const auto isThere = [&] {
+        heard = soundingFrames(frameNumbers(server_->recordedSince()));
+        return std::find(heard.begin(), heard.end(), frame) != heard.end();
+    };
+    return QTest::qWaitFor(isThere, patienceMs) ? heard : FrameNumbers();
+}
+
+// On a machine that is busy enough the server runs dry for a moment. That is silence between frames and no
+// fault of the sound, so silence is left out of what is compared; that no silence is made between arrays is
+// shown where the clock is the test's.
+void tst_player_server::everyFrameOfAStretchIsHeardUnchangedOnceAndInOrder()
+{
+    Feeder feeder(*player_, 1, 250007);
+    feeder.start();
+    QVERIFY(ended(feeder));
+    QVERIFY(recordedUpTo(250007) == frameRange(1, 250007));
+}
+
+void tst_player_server::eventsComeOnTheProgramsThreadAndTheEndAfterTheTotal()
+{
+    Feeder feeder(*player_, 1, 30011);
+    feeder.block = 10000;
+    feeder.start();
+    QVERIFY(ended(feeder));
+    QVERIFY(feeder.onProgramsThread);
+    QCOMPARE(feeder.positions.back(), 30011);
+    QVERIFY(std::is_sorted(feeder.positions.begin(), feeder.positions.end()));
+    QVERIFY(recordedUpTo(30011).back() == 30011);
+    QCOMPARE(feeder.ends, 1);
+}
+
+void tst_player_server::aRepositionIsHeardFromItsFirstFrameOn()
+{
+    Feeder feeder(*player_, 1, 320013);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty() && feeder.positions.back() > 20000, patienceMs);
+    feeder.goTo(280001);
+    QVERIFY(ended(feeder));
+    QCOMPARE(feeder.positions.back(), 40013);
+
+    const FrameNumbers heard = recordedUpTo(320013);
+    const auto jump = std::find(heard.begin(), heard.end(), 280001);
+    QVERIFY(FrameNumbers(jump, heard.end()) == frameRange(280001, 320013));
+    const auto before = static_cast<std::int32_t>(jump - heard.begin());
+    QVERIFY(before > 20000 && before < 200000);
+    QVERIFY(FrameNumbers(heard.begin(), jump) == frameRange(1, before));
+}
+
+void tst_player_server::whatTheServerHoldsIsDroppedByAFlush()
+{
+    PulseOut out(std::make_shared<PulseConnection>(), 2000);
+    std::atomic<std::int32_t> pulled = 0, end = 1000000;
+    const auto pull = [&](std::int16_t* to, std::size_t frames) {
+        const auto count = std::clamp(end - pulled, 0, static_cast<int>(frames));
+        const SampleArray sound = codedSound(pulled + 1, count);
+        std::copy(sound.begin(), sound.end(), to);
+        pulled += count;
+        return static_cast<std::size_t>(count);
+    };
+    QVERIFY(out.start("", {44100, 2}, pull));
+    QTRY_VERIFY_WITH_TIMEOUT(out.state().heard > 4410, patienceMs);
+    end = 0;
+    out.flush();
+    const std::int32_t given = pulled;
+    QTRY_VERIFY_WITH_TIMEOUT(out.state().drained, patienceMs);
+    QCOMPARE(out.state().heard, std::int64_t{0});
+
+    end = given + 4410;
+    out.wake();
+    const FrameNumbers heard = recordedUpTo(given + 4410);
+    const auto jump = std::find(heard.begin(), heard.end(), given + 1);
+    QVERIFY(jump - heard.begin() < given);
+    QVERIFY(FrameNumbers(jump, heard.end()) == frameRange(given + 1, given + 4410));
+}
+
+void tst_player_server::manyRepositionsEndAtTheLast()
+{
+    Feeder feeder(*player_, 1, 210000);
+    feeder.start();
+    for (std::int32_t k = 1; k <= 200; ++k) feeder.goTo(k * 1000);
+    QVERIFY(ended(feeder));
+    const FrameNumbers heard = recordedUpTo(210000);
+    QVERIFY(FrameNumbers(std::find(heard.begin(), heard.end(), 200000), heard.end()) ==
+            frameRange(200000, 210000));
+}
+
+void tst_player_server::nothingFedAfterClearQueueIsTheEnd()
+{
+    Feeder feeder(*player_, 1, 200000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty() && feeder.positions.back() > 0, patienceMs);
+    feeder.goTo(200001);
+    QVERIFY(ended(feeder));
+    QCOMPARE(feeder.positions.back(), 0);
+}
+
+void tst_player_server::aFewFramesAreHeard()
+{
+    Feeder feeder(*player_, 1, 3);
+    feeder.start();
+    QVERIFY(ended(feeder));
+    QVERIFY(recordedUpTo(3) == frameRange(1, 3));
+}
+
+void tst_player_server::soundThatRanDryGoesOnWithTheNextArray()
+{
+    Feeder feeder(*player_, 1, 4000);
+    player_->RequestOnLoadArray = nullptr;
+    player_->SetFormat(44100, 2);
+    player_->Start();
+    player_->PlayArray(codedSound(1, 2000));
+    // No events run here, so the player cannot know of the end before the next array comes.
+    const qint64 begin = server_->recordedBytes();
+    while (server_->recordedBytes() < begin + 44100 * 4 / 2) QThread::yieldCurrentThread();
+    player_->PlayArray(codedSound(2001, 2000));
+    QVERIFY(ended(feeder));
+    QCOMPARE(feeder.positions.back(), 4000);
+    QVERIFY(recordedUpTo(4000) == frameRange(1, 4000));
+}
+
+void tst_player_server::soundGoesOnWhileTheProgramsThreadIsBusy()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    const qint64 begin = server_->recordedBytes();
+    while (server_->recordedBytes() < begin + 44100 * 4) QThread::yieldCurrentThread();
+    const FrameNumbers heard = soundingFrames(frameNumbers(server_->recordedSince()));
+    QVERIFY(heard.size() > 22050);
+    QVERIFY(heard == frameRange(1, static_cast<std::int32_t>(heard.size())));
+}
+
+void tst_player_server::soundStopsAtStop()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty() && feeder.positions.back() > 4410, patienceMs);
+    player_->Stop();
+    const qint64 stopped = server_->recordedBytes();
+    QTRY_VERIFY_WITH_TIMEOUT(server_->recordedBytes() > stopped + 44100 * 4, patienceMs);
+    const FrameNumbers heard = soundingFrames(frameNumbers(server_->recordedSince()));
+    QVERIFY(heard == frameRange(1, static_cast<std::int32_t>(heard.size())));
+    QVERIFY(soundingFrames(frameNumbers(server_->recordedSince(stopped + 44100 * 2))).empty());
+    QCOMPARE(feeder.ends, 0);
+}
+
+void tst_player_server::aPlayerThatStoppedCanStartAgain()
+{
+    Feeder feeder(*player_, 1, 100000);
+    feeder.start();
+    player_->Stop();
+    feeder.next = 95001;
+    feeder.start();
+    QVERIFY(!player_->GetFailed());
+    QVERIFY(ended(feeder));
+    const FrameNumbers heard = recordedUpTo(100000);
+    QVERIFY(FrameNumbers(std::find(heard.begin(), heard.end(), 95001), heard.end()) ==
+            frameRange(95001, 100000));
+}
+
+void tst_player_server::aPlayerCanBeDestroyedWhileItPlays()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty() && feeder.positions.back() > 4410, patienceMs);
+    player_.reset();
+    const qint64 gone = server_->recordedBytes();
+    QTRY_VERIFY_WITH_TIMEOUT(server_->recordedBytes() > gone + 44100 * 4, patienceMs);
+    QVERIFY(soundingFrames(frameNumbers(server_->recordedSince(gone + 44100 * 2))).empty());
+}
+
+void tst_player_server::twoPlayersAreHeardAtOnce()
+{
+    const auto other = makePulsePlayer();
+    Feeder first(*player_, 1, 40000), second(*other, 1, 40000);
+    first.start();
+    second.start();
+    QVERIFY(ended(first) && ended(second));
+    QVERIFY(!player_->GetFailed() && !other->GetFailed());
+}
+
+void tst_player_server::monoIsHeardOnBothSides()
+{
+    player_->SetFormat(44100, 1);
+    player_->Start();
+    player_->PlayArray(SampleArray(22050, 1234));
+    const auto heard = [this] {
+        const FrameNumbers both = soundingFrames(frameNumbers(server_->recordedSince()));
+        return std::count(both.begin(), both.end(), 1234 | 1234 << 15);
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(heard(), 22050, patienceMs);
+}
+
+void tst_player_server::everyDeviceOfTheServerIsCounted()
+{
+    QCOMPARE(player_->GetDeviceCount(), 2);
+    QVERIFY(server_->control({"load-module", "module-null-sink", "sink_name=second"}));
+    QCOMPARE(player_->GetDeviceCount(), 3);
+    player_->SetDevice(2);
+    QVERIFY(player_->GetDeviceValid());
+}
+
+void tst_player_server::theChosenDeviceIsHeard()
+{
+    QVERIFY(server_->control(
+        {"load-module", "module-null-sink", "sink_name=second", "rate=44100", "norewinds=1"}));
+    QVERIFY(server_->record("second"));
+    QCOMPARE(player_->GetDeviceCount(), 3);
+    player_->SetDevice(2);
+    Feeder feeder(*player_, 1, 5000);
+    feeder.start();
+    QVERIFY(recordedUpTo(5000) == frameRange(1, 5000));
+}
+
+void tst_player_server::aServerThatDiesIsTheEndAndTheNextStartFails()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty(), patienceMs);
+    server_->kill();
+    QVERIFY(ended(feeder));
+    player_->Start();
+    QVERIFY(player_->GetFailed());
+    QCOMPARE(feeder.ends, 1);
+}
+
+void tst_player_server::aDeviceThatGoesIsTheEnd()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty(), patienceMs);
+    QVERIFY(server_->control({"unload-module", "module-null-sink"}));
+    QVERIFY(ended(feeder));
+}
+
+void tst_player_server::aServerWithoutADeviceFails()
+{
+    QVERIFY(server_->control({"unload-module", "module-null-sink"}));
+    QCOMPARE(player_->GetDeviceCount(), 0);
+    player_->Start();
+    QVERIFY(player_->GetFailed());
+}
+
+void tst_player_server::aServerThatStoppedAnsweringFails()
+{
+    QCOMPARE(player_->GetDeviceCount(), 2);
+    server_->freeze();
+    player_->Start();
+    server_->thaw();
+    QVERIFY(player_->GetFailed());
+    QCOMPARE(player_->GetDeviceCount(), 0);
+}
+
+void tst_player_server::aServerThatCameBackIsFound()
+{
+    QCOMPARE(player_->GetDeviceCount(), 2);
+    server_->kill();
+    player_->Start();
+    QVERIFY(player_->GetFailed());
+    QVERIFY(server_->start());
+    player_->Start();
+    QVERIFY(!player_->GetFailed());
+}
+
+QTEST_GUILESS_MAIN(tst_player_server)
+#include "tst_player_server.moc"

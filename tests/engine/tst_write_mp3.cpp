@@ -1,0 +1,328 @@
+// MP3 output: exact length, what each property does, and the library's absence.
+#include "core/Errors.h"
+#include "engine/LameFormat.h"
+#include "engine/WriteTools.h"
+
+#include <QTest>
+
+using namespace tools;
+
+namespace {
+
+/// Saves the sound with the properties and returns the file's bytes.
+QByteArray coded(const Mp3Format& format, const SampleArray& sound)
+{
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Ex(format);
+    save(writer, folder / "a.mp3", sound);
+    return contents(folder / "a.mp3");
+}
+
+using Change = void (*)(LameFormat&);
+
+}
+
+Q_DECLARE_METATYPE(Change)
+
+class tst_write_mp3 : public QObject {
+    Q_OBJECT
+private slots:
+    void theDecodedLengthIsExact_data();
+    void theDecodedLengthIsExact();
+    void theSoundIsInItsPlace();
+    void aSecondDecoderAgrees();
+    void theHeaderFrameTellsTheFrames();
+    void withoutTheHeaderTheFileIsShorter();
+    void aFrameTooShortForTheHeaderHoldsSound();
+    void theStreamIsWhatTheLameProgramMakes();
+    void aPropertyChangesTheOutput_data();
+    void aPropertyChangesTheOutput();
+    void theShapeIsInTheStream_data();
+    void theShapeIsInTheStream();
+    void numbersOutOfRangeAreTaken_data();
+    void numbersOutOfRangeAreTaken();
+    void anUnlistedRateGoesToTheNearest();
+    void theBitrateOfAnAbrFileIsNearItsTarget();
+    void withoutTheLibraryCreateFails();
+    void aLibraryWithoutTheFunctionsFailsCreate();
+    void nothingIsPrinted();
+    void theSimpleFormatHasTheDefaults();
+};
+
+void tst_write_mp3::theDecodedLengthIsExact_data()
+{
+    QTest::addColumn<QString>("commandLine");
+    QTest::addColumn<int>("frames");
+    for (const int frames : {1, 100, 1151, 1152, 1153, 44100, 100003}) {
+        QTest::addRow("constant bitrate, %d samples", frames) << "-b 128" << frames;
+        QTest::addRow("variable bitrate, %d samples", frames) << "-V 2" << frames;
+    }
+    QTest::addRow("average bitrate") << "--abr 160" << 100003;
+    QTest::addRow("mono") << "-m m -b 64" << 100003;
+    QTest::addRow("a lower rate") << "--resample 22.05 -b 56" << 50001;
+    QTest::addRow("the lowest rate") << "--resample 8 -m m -b 24" << 30001;
+    QTest::addRow("with checksums") << "-p" << 50001;
+    QTest::addRow("no reservoir") << "--nores" << 50001;
+}
+
+void tst_write_mp3::theDecodedLengthIsExact()
+{
+    QFETCH(QString, commandLine);
+    QFETCH(int, frames);
+    LameFormat format;
+    format.SetCommandLine(commandLine);
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Ex(format);
+    save(writer, folder / "a.mp3", music(format.FormatRate, format.FormatChannels, frames));
+    QCOMPARE(static_cast<int>(decode(folder / "a.mp3").size()), frames * format.FormatChannels);
+}
+
+void tst_write_mp3::theSoundIsInItsPlace()
+{
+    Folder folder;
+    const SampleArray sound = music(44100, 2, 200000);
+    FileWriter writer;
+    writer.SetFormatMP3Simple(44100, 320, 2);
+    save(writer, folder / "a.mp3", sound);
+    QVERIFY(signalToNoise(sound, decode(folder / "a.mp3")) > 35);
+}
+
+void tst_write_mp3::aSecondDecoderAgrees()
+{
+    Folder folder;
+    const SampleArray sound = music(44100, 2, 100003);
+    FileWriter writer;
+    writer.SetFormatMP3Simple(44100, 320, 2);
+    save(writer, folder / "a.mp3", sound);
+    run("lame", {"--quiet", "--decode", folder / "a.mp3", folder / "a.wav"});
+    const SampleArray heard = decode(folder / "a.wav");
+    QCOMPARE(heard.size(), sound.size());
+    QVERIFY(signalToNoise(sound, heard) > 35);
+}
+
+void tst_write_mp3::theHeaderFrameTellsTheFrames()
+{
+    const QByteArray constant = coded(LameFormat(), music(44100, 2, 115200));
+    const auto info = constant.left(200).indexOf("Info");
+    QVERIFY(info > 0);
+    // 100 frames of sound, and those for the delay and the end.
+    const auto frames = static_cast<unsigned char>(constant.at(info + 11));
+    QCOMPARE(int(frames), int(constant.size() * 44100.0 / 128000 * 8 / 1152 + 0.5) - 1);
+}
+
+void tst_write_mp3::withoutTheHeaderTheFileIsShorter()
+{
+    LameFormat with, without;
+    without.WriteVbrHeader = false;
+    const SampleArray sound = music(44100, 2, 44100);
+    QVERIFY(!coded(without, sound).contains("Info"));
+    const auto saved = coded(with, sound).size() - coded(without, sound).size();
+    QVERIFY2(saved == 417 || saved == 418, qPrintable(QString::number(saved)));
+}
+
+void tst_write_mp3::aFrameTooShortForTheHeaderHoldsSound()
+{
+    LameFormat format;
+    format.SetCommandLine("--resample 8 -m m -b 16");
+    const QByteArray bytes = coded(format, music(8000, 1, 30000));
+    QVERIFY(!bytes.contains("Info"));
+    QCOMPARE(bytes.size() % 144, 0);
+    QVERIFY(bytes.size() / 144 >= 30000 / 576);
+}
+
+void tst_write_mp3::theStreamIsWhatTheLameProgramMakes()
+{
+    Folder folder;
+    const SampleArray sound = music(44100, 2, 100000);
+    FileWriter writer;
+    save(writer, folder / "a.wav", sound);
+    run("lame", {"--quiet", "-b", "128", "-q", "3", "--noreplaygain", folder / "a.wav", folder / "lame.mp3"});
+    const QByteArray ours = coded(LameFormat(), sound);
+    const QByteArray theirs = contents(folder / "lame.mp3");
+    QCOMPARE(ours.size(), theirs.size());
+    QVERIFY(ours.mid(420) == theirs.mid(420));
+}
+
+void tst_write_mp3::aPropertyChangesTheOutput_data()
+{
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char* name, const char* start, Change change) {
+        QTest::addRow("%s", name) << QString(start) << change;
+    };
+    row("AbrBitrate", "--abr 128", [](LameFormat& f) { f.AbrBitrate = 96; });
+    row("AthControl 1", "-V 4", [](LameFormat& f) { f.AthControl = 1; });
+    row("AthControl 2", "-V 4", [](LameFormat& f) { f.AthControl = 2; });
+    row("FormatBitrate", "", [](LameFormat& f) { f.FormatBitrate = 96; });
+    row("BitReservoir", "", [](LameFormat& f) { f.BitReservoir = false; });
+    row("FormatChannels", "", [](LameFormat& f) { f.FormatChannels = 1; });
+    row("Emphasis", "", [](LameFormat& f) { f.Emphasis = 2; });
+    row("EncoderQuality", "", [](LameFormat& f) { f.EncoderQuality = 2; });
+    row("ErrorProtection", "", [](LameFormat& f) { f.ErrorProtection = true; });
+    row("FormatRate", "", [](LameFormat& f) { f.FormatRate = 32000; });
+    row("HighpassFrequency", "", [](LameFormat& f) { f.HighpassFrequency = 1000; });
+    row("HighpassWidth", "--highpass 2", [](LameFormat& f) { f.HighpassWidth = 1000; });
+    row("LowpassFrequency", "", [](LameFormat& f) { f.LowpassFrequency = 5000; });
+    row("LowpassFrequency -1", "", [](LameFormat& f) { f.LowpassFrequency = -1; });
+    row("LowpassWidth", "--lowpass 10", [](LameFormat& f) { f.LowpassWidth = 3000; });
+    row("ShortBlocks", "", [](LameFormat& f) { f.ShortBlocks = false; });
+    row("IsoCompliance", "-b 320", [](LameFormat& f) { f.IsoCompliance = true; });
+    row("EnforceMinBitrate", "-V 9 -b 160", [](LameFormat& f) { f.EnforceMinBitrate = true; });
+    row("StereoMode 1", "", [](LameFormat& f) { f.StereoMode = 1; });
+    row("StereoMode 3", "", [](LameFormat& f) { f.StereoMode = 3; });
+    row("StereoMode 4", "", [](LameFormat& f) { f.StereoMode = 4; });
+    row("MaxVbrBitrate", "-V 0", [](LameFormat& f) { f.MaxVbrBitrate = 96; });
+    row("VbrMethod", "", [](LameFormat& f) { f.VbrMethod = 0; });
+    row("VbrMethod old", "-V 4", [](LameFormat& f) { f.VbrMethod = 1; });
+    row("VbrQuality", "-V 4", [](LameFormat& f) { f.VbrQuality = 8; });
+    row("WriteVbrHeader", "", [](LameFormat& f) { f.WriteVbrHeader = false; });
+}
+
+void tst_write_mp3::aPropertyChangesTheOutput()
+{
+    QFETCH(QString, start);
+    QFETCH(Change, change);
+    LameFormat before;
+    before.SetCommandLine(start);
+    LameFormat after = before;
+    change(after);
+    SampleArray sound = music(44100, 2, 60000);
+    for (std::size_t click = 9001; click < sound.size(); click += 20011) sound[click] = 32000;
+    QVERIFY(coded(before, sound) != coded(after, sound));
+}
+
+void tst_write_mp3::theShapeIsInTheStream_data()
+{
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<int>("channels");
+    for (const int rate : {8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000}) {
+        QTest::addRow("%d Hz mono", rate) << rate << 1;
+        QTest::addRow("%d Hz stereo", rate) << rate << 2;
+    }
+}
+
+void tst_write_mp3::theShapeIsInTheStream()
+{
+    QFETCH(int, rate);
+    QFETCH(int, channels);
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Simple(rate, 32, channels);
+    save(writer, folder / "a.mp3", music(rate, channels, rate));
+    QCOMPARE(probe(folder / "a.mp3", "stream=sample_rate").toInt(), rate);
+    QCOMPARE(probe(folder / "a.mp3", "stream=channels").toInt(), channels);
+}
+
+void tst_write_mp3::numbersOutOfRangeAreTaken_data()
+{
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char* name, Change change) { QTest::addRow("%s", name) << change; };
+    row("AbrBitrate", [](LameFormat& f) { f.VbrMethod = 4, f.AbrBitrate = -5; });
+    row("AthControl", [](LameFormat& f) { f.AthControl = 99; });
+    row("FormatBitrate 0", [](LameFormat& f) { f.FormatBitrate = 0; });
+    row("FormatBitrate huge", [](LameFormat& f) { f.FormatBitrate = 100000; });
+    row("FormatChannels", [](LameFormat& f) { f.FormatChannels = 7; });
+    row("Emphasis", [](LameFormat& f) { f.Emphasis = -3; });
+    row("EncoderQuality", [](LameFormat& f) { f.EncoderQuality = 32767; });
+    row("EncoderQuality below", [](LameFormat& f) { f.EncoderQuality = -32768; });
+    row("FormatRate", [](LameFormat& f) { f.FormatRate = -1; });
+    row("HighpassFrequency", [](LameFormat& f) { f.HighpassFrequency = -700; });
+    row("LowpassFrequency", [](LameFormat& f) { f.LowpassFrequency = 2000000000; });
+    row("LowpassWidth", [](LameFormat& f) { f.LowpassWidth = 2000000000; });
+    row("StereoMode", [](LameFormat& f) { f.StereoMode = 0; });
+    row("MaxVbrBitrate", [](LameFormat& f) { f.VbrMethod = 0, f.MaxVbrBitrate = 0; });
+    row("VbrMethod", [](LameFormat& f) { f.VbrMethod = 50; });
+    row("VbrQuality", [](LameFormat& f) { f.VbrMethod = 0, f.VbrQuality = 30; });
+}
+
+void tst_write_mp3::numbersOutOfRangeAreTaken()
+{
+    QFETCH(Change, change);
+    LameFormat format;
+    change(format);
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Ex(format);
+    writer.Create(folder / "a.mp3");
+    writer.SetInputFormat(44100, 2);
+    writer.WriteArray(music(44100, 2, 20000));
+    writer.Close();
+    QVERIFY(!decode(folder / "a.mp3").empty());
+}
+
+void tst_write_mp3::anUnlistedRateGoesToTheNearest()
+{
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Simple(43000, 128, 2);
+    writer.Create(folder / "a.mp3");
+    writer.Close();
+    QCOMPARE(writer.FormatString(), QString("MP3, 44100 Hz, Joint Stereo, 128 kbit/s"));
+    save(writer, folder / "a.mp3", music(44100, 2, 44100));
+    QCOMPARE(probe(folder / "a.mp3", "stream=sample_rate"), QString("44100"));
+}
+
+void tst_write_mp3::theBitrateOfAnAbrFileIsNearItsTarget()
+{
+    LameFormat format;
+    format.SetCommandLine("--abr 160");
+    const double seconds = 6;
+    const QByteArray bytes = coded(format, music(44100, 2, int(44100 * seconds)));
+    const double kilobits = static_cast<double>(bytes.size()) * 8 / 1000 / seconds;
+    QVERIFY2(kilobits > 120 && kilobits < 200, qPrintable(QString::number(kilobits)));
+}
+
+void tst_write_mp3::withoutTheLibraryCreateFails()
+{
+    Folder folder;
+    FileWriter writer(folder / "libmp3lame.so.0");
+    writer.SetFormatMP3Simple(44100, 128, 2);
+    QCOMPARE(writer.FormatString(), QString("MP3, 44100 Hz, Joint Stereo, 128 kbit/s"));
+    QVERIFY_THROWS_EXCEPTION(EngineError, writer.Create(folder / "a.mp3"));
+    QVERIFY(folder.files().isEmpty());
+}
+
+void tst_write_mp3::aLibraryWithoutTheFunctionsFailsCreate()
+{
+    Folder folder;
+    FileWriter writer("libogg.so.0");
+    writer.SetFormatMP3Simple(44100, 128, 2);
+    QVERIFY_THROWS_EXCEPTION(EngineError, writer.Create(folder / "a.mp3"));
+    QVERIFY(folder.files().isEmpty());
+}
+
+void tst_write_mp3::nothingIsPrinted()
+{
+    // The encoder has something to say about a filter of this kind.
+    Folder folder;
+    QFile log(folder / "stderr");
+    QVERIFY(log.open(QIODevice::WriteOnly));
+    const int saved = ::dup(2);
+    ::dup2(log.handle(), 2);
+    LameFormat format;
+    format.HighpassFrequency = 30;
+    const QByteArray bytes = coded(format, music(44100, 2, 20000));
+    ::dup2(saved, 2);
+    ::close(saved);
+    QCOMPARE(contents(folder / "stderr"), QByteArray());
+    QVERIFY(!bytes.isEmpty());
+}
+
+void tst_write_mp3::theSimpleFormatHasTheDefaults()
+{
+    LameFormat format;
+    format.FormatRate = 32000;
+    format.FormatBitrate = 96;
+    format.FormatChannels = 1;
+    const SampleArray sound = music(32000, 1, 40000);
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Simple(32000, 96, 1);
+    save(writer, folder / "a.mp3", sound);
+    QCOMPARE(contents(folder / "a.mp3"), coded(format, sound));
+}
+
+QTEST_GUILESS_MAIN(tst_write_mp3)
+#include "tst_write_mp3.moc"

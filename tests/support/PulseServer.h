@@ -1,0 +1,45 @@
+// A sound server of the test's own, with one output device and a recorder that hears what is played on it. It
+// needs no sound card, no session and no rights. While it lives, PULSE_SERVER leads to it and nowhere else.
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+class PulseServer {
+public:
+    PulseServer();
+    ~PulseServer(); ///< ends recorder and server, gives PULSE_SERVER its old value back
+
+    /// Starts the server with the device "out", stereo, at this rate in Hz; true once it answers. Sound of
+    /// the same rate passes unchanged; of another rate it is resampled.
+    bool start(int rate = 44100);
+
+    /// Begins to record what is heard on a device; true once the recording runs. The recording goes on in
+    /// silence too, and begins anew at each call.
+    bool record(const QString& sink = "out");
+
+    qint64 recordedBytes() const; ///< grows while the recorder runs; no event loop needed
+
+    /// Raw 16-bit stereo from this byte of the recording on.
+    QByteArray recordedSince(qint64 byte = 0) const;
+
+    /// Runs one command of `pactl` on the server, such as {"load-module", "module-null-sink"}.
+    bool control(const QStringList& arguments);
+
+    void kill();   ///< at once, as a crash
+    void freeze(); ///< keeps its connections and answers no more
+    void thaw();
+
+private:
+    bool answers();
+    QProcessEnvironment environment() const;
+
+    QTemporaryDir folder_;
+    int rate_ = 44100;
+    int recordings_ = 0;
+    QByteArray oldServer_, oldCookie_;
+    bool hadServer_, hadCookie_;
+    QProcess server_, recorder_;
+};
