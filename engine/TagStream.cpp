@@ -32,11 +32,12 @@ TagStream::TagStream(const QString& path, Access access) : name_(QFile::encodeNa
     descriptor_ = ::open(name_.constData(), mode | O_CLOEXEC | O_NONBLOCK);
     if (descriptor_ < 0) refuse(name_, systemText(errno));
     struct stat status;
-    const bool known = ::fstat(descriptor_, &status) == 0;
-    const bool plain = known && S_ISREG(status.st_mode);
-    if (plain && (access == Access::Read || (status.st_mode & 0222) != 0)) return;
-    ::close(descriptor_);
-    refuse(name_, plain ? "write-protected" : "not a plain file");
+    const bool plain = ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    if (!plain || (access == Access::Write && (status.st_mode & 0222) == 0)) {
+        ::close(descriptor_);
+        refuse(name_, plain ? "write-protected" : "not a plain file");
+    }
+    formerLength_ = static_cast<long>(status.st_size);
 }
 
 TagStream::~TagStream() { ::close(descriptor_); }

@@ -45,13 +45,16 @@ LIST
 # Lines of the list that belong to one of the groups given.
 listOf() { packages | awk -v groups=" $* " 'index(groups, " " $1 " ")'; }
 
-# Names of these groups that are not installed, one per line.
+# Names of these groups that are not installed.
 missingOf() {
-    local wanted
-    mapfile -t wanted < <(listOf "$@" | awk '!seen[$2]++ {print $2}')
-    # An unknown package is an error to dpkg-query, and is missing to us.
-    { dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null || true; } |
-        awk '$1 == "installed" {print $2}' | grep -vxFf - <(printf '%s\n' "${wanted[@]}") || true
+    local wanted installed name
+    wanted=$(listOf "$@" | awk '!seen[$2]++ {print $2}')
+    # A package that dpkg has never heard of is an error to it, and only missing to us.
+    # shellcheck disable=SC2086
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null) || true
+    for name in $wanted; do
+        if [[ $'\n'$installed$'\n' != *$'\n'"installed $name"$'\n'* ]]; then echo "$name"; fi
+    done
 }
 
 asRoot() {
@@ -85,5 +88,6 @@ if ! command -v dpkg-query >/dev/null; then
     echo "No Debian packages on this system: going on with the libraries and programs that are there." >&2
     exit
 fi
-mapfile -t missing < <(missingOf "$@")
-if ((${#missing[@]})); then install "${missing[@]}"; fi
+missing=$(missingOf "$@")
+# shellcheck disable=SC2086
+if [[ -n $missing ]]; then install $missing; fi

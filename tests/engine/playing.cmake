@@ -5,5 +5,5 @@ quillon_test(tst_player_server tst_player_server.cpp ../support/PulseServer.cpp 
 
 foreach(test queue rules handlers timer noserver server)
     set_property(TEST tst_player_${test} APPEND PROPERTY ENVIRONMENT
-        "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:die_after_fork=0")
+        "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp")
 endforeach()

@@ -46,8 +46,8 @@ static SampleArray inOnePass(const CompressedFile& file)
 
 void tst_read_parallel::initTestCase()
 {
-    files_.put("a.wav", plainWav(music(8 * 44100, 2), 2));
-    files_.put("low.wav", plainWav(music(6 * 22050, 1, 22050), 1, 22050));
+    files_.put("a.wav", plainWav(music(6 * 44100, 2), 2));
+    files_.put("low.wav", plainWav(music(4 * 22050, 1, 22050), 1, 22050));
 }
 
 static void addFiles()
@@ -76,8 +76,8 @@ void tst_read_parallel::batchesGiveTheSoundOfOneDecoder()
     const SampleArray serial = inOnePass(file);
     QCOMPARE(firstDifference(serial, files_.decodedByFfmpeg(line.section(' ', -1))), -1);
     for (const std::size_t packets : {1u, 2u, 17u, 50u, 500u})
-        for (const int threads : {1, 2, 3})
-            QCOMPARE(firstDifference(inBatches(file, threads, packets), serial), -1);
+        QCOMPARE(firstDifference(inBatches(file, 2, packets), serial), -1);
+    for (const int threads : {1, 3}) QCOMPARE(firstDifference(inBatches(file, threads, 40), serial), -1);
 }
 
 void tst_read_parallel::damagedFilesGiveTheSoundOfOneDecoder_data() { addFiles(); }
@@ -88,7 +88,7 @@ void tst_read_parallel::damagedFilesGiveTheSoundOfOneDecoder()
     files_.make(line);
     const QString name = line.section(' ', -1);
     const Bytes good = files_.get(name);
-    for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 3; ++seed) {
         Bytes bad = good;
         const auto head = std::uint32_t(good.size() / 4), rest = std::uint32_t(good.size()) - head;
         for (std::uint32_t k = 1; k <= 20 * seed; ++k) bad[head + k * k * 7919u * seed % rest] = char(k * 37);
@@ -109,6 +109,7 @@ void tst_read_parallel::theFormsOfTheBlocksFollowTheFile()
     std::vector<SoundFormat> forms;
     for (Block block; decoder.next(block);)
         if (forms.empty() || forms.back() != block.format) forms.push_back(block.format);
+    for(auto&f:forms) qDebug()<<f.rate<<f.channels;
     QCOMPARE(forms, (std::vector<SoundFormat>{{44100, 2}, {22050, 1}}));
 }
 

@@ -5,17 +5,13 @@
 #include <QTest>
 
 #include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
 
 namespace {
 
 constexpr int patienceMs = 20000;
-
-/// Makes QProcess use a real fork. The short-cut that it takes otherwise shares memory with the child, and the
-/// thread sanitizer, which goes quiet in a child, would go quiet in the test.
-void forkForReal(QProcess& process)
-{
-    process.setChildProcessModifier([] {});
-}
 
 void restore(const char* variable, bool had, const QByteArray& value)
 {
@@ -23,6 +19,42 @@ void restore(const char* variable, bool had, const QByteArray& value)
         qputenv(variable, value);
     else
         qunsetenv(variable);
+}
+
+std::vector<char*> pointers(QByteArrayList& texts)
+{
+    std::vector<char*> result;
+    for (QByteArray& text : texts) result.push_back(text.data());
+    result.push_back(nullptr);
+    return result;
+}
+
+/// Starts a program; 0 when it can't. Not a QProcess: that shares memory with the child for a moment, and the
+/// thread sanitizer, which goes quiet in a child, would go quiet in the test.
+pid_t spawn(const QStringList& command, QByteArrayList environment, const QString& output, const QString& log)
+{
+    QByteArrayList arguments;
+    for (const QString& argument : command) arguments.push_back(QFile::encodeName(argument));
+
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&files, 1, QFile::encodeName(output), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
+    posix_spawn_file_actions_addopen(&files, 2, QFile::encodeName(log), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    pid_t child = 0;
+    const int error = posix_spawnp(&child, arguments[0], &files, nullptr, pointers(arguments).data(),
+                                   pointers(environment).data());
+    posix_spawn_file_actions_destroy(&files);
+    return error == 0 ? child : 0;
+}
+
+void endNow(pid_t& child)
+{
+    if (child == 0) return;
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    child = 0;
 }
 
 }
@@ -34,8 +66,6 @@ PulseServer::PulseServer()
 {
     qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(folder_.filePath("native")));
     qputenv("PULSE_COOKIE", QFile::encodeName(folder_.filePath("cookie")));
-    forkForReal(server_);
-    forkForReal(recorder_);
     QDir(folder_.path()).mkdir("home");
     QFile cookie(folder_.filePath("cookie"));
     if (cookie.open(QIODevice::WriteOnly)) cookie.write(QByteArray(256, 'q'));
@@ -43,23 +73,19 @@ PulseServer::PulseServer()
 
 PulseServer::~PulseServer()
 {
-    recorder_.kill();
-    recorder_.waitForFinished(patienceMs);
+    endNow(recorder_);
     kill();
     restore("PULSE_SERVER", hadServer_, oldServer_);
     restore("PULSE_COOKIE", hadCookie_, oldCookie_);
 }
 
-QProcessEnvironment PulseServer::environment() const
+pid_t PulseServer::run(const QStringList& command, const QString& output) const
 {
-    QProcessEnvironment bare;
-    bare.insert("PATH", qEnvironmentVariable("PATH"));
-    bare.insert("HOME", folder_.filePath("home"));
-    bare.insert("XDG_RUNTIME_DIR", folder_.path());
-    bare.insert("PULSE_SERVER", "unix:" + folder_.filePath("native"));
-    bare.insert("PULSE_COOKIE", folder_.filePath("cookie"));
-    bare.insert("LANG", "C");
-    return bare;
+    const QByteArray folder = QFile::encodeName(folder_.path());
+    return spawn(command,
+                 {"PATH=" + qgetenv("PATH"), "HOME=" + folder + "/home", "XDG_RUNTIME_DIR=" + folder,
+                  "PULSE_SERVER=unix:" + folder + "/native", "PULSE_COOKIE=" + folder + "/cookie", "LANG=C"},
+                 output.isEmpty() ? "/dev/null" : output, folder_.filePath("log"));
 }
 
 bool PulseServer::start(int rate)
@@ -69,59 +95,52 @@ bool PulseServer::start(int rate)
     const QString sink = QString("module-null-sink sink_name=out rate=%1 channels=2 format=s16le norewinds=1 "
                                  "sink_properties=device.description=TestOut")
                              .arg(rate);
-    QProcessEnvironment own = environment();
-    own.remove("PULSE_SERVER");
-    server_.setProcessEnvironment(own);
-    server_.setStandardErrorFile(folder_.filePath("log"));
-    server_.start("pulseaudio",
-                  {"-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "--high-priority=no",
-                   "--realtime=no", "--log-target=stderr", "--log-level=notice", "-L",
+    server_ = run({"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+                   "--high-priority=no", "--realtime=no", "--log-target=stderr", "--log-level=notice", "-L",
                    "module-native-protocol-unix auth-anonymous=1 socket=" + folder_.filePath("native"), "-L",
                    sink});
-    return server_.waitForStarted(patienceMs) && QTest::qWaitFor([this] { return answers(); }, patienceMs);
+    return server_ != 0 && QTest::qWaitFor([this] { return answers(); }, patienceMs);
 }
 
 bool PulseServer::answers() { return QFile::exists(folder_.filePath("native")) && control({"info"}); }
 
 bool PulseServer::control(const QStringList& arguments)
 {
-    QProcess pactl;
-    forkForReal(pactl);
-    pactl.setProcessEnvironment(environment());
-    pactl.start("pactl", arguments);
-    return pactl.waitForFinished(patienceMs) && pactl.exitStatus() == QProcess::NormalExit &&
-           pactl.exitCode() == 0;
+    pid_t pactl = run(QStringList{"pactl"} + arguments);
+    int status = -1;
+    const auto finished = [&] { return ::waitpid(pactl, &status, WNOHANG) == pactl; };
+    if (pactl == 0) return false;
+    if (QTest::qWaitFor(finished, patienceMs)) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    endNow(pactl);
+    return false;
 }
 
 bool PulseServer::record(const QString& sink)
 {
-    recorder_.kill();
-    recorder_.waitForFinished(patienceMs);
-    recorder_.setProcessEnvironment(environment());
-    recorder_.setStandardOutputFile(folder_.filePath(QString("recording%1").arg(++recordings_)));
-    recorder_.start("parec", {"--raw", "--format=s16le", "--channels=2", QString("--rate=%1").arg(rate_),
-                              "--latency-msec=20", "--device=" + sink + ".monitor"});
-    return QTest::qWaitFor([this] { return recordedBytes() > 0; }, patienceMs);
+    endNow(recorder_);
+    ++recordings_;
+    recorder_ = run({"parec", "--raw", "--format=s16le", "--channels=2", QString("--rate=%1").arg(rate_),
+                     "--latency-msec=20", "--device=" + sink + ".monitor"},
+                    recordingPath());
+    return recorder_ != 0 && QTest::qWaitFor([this] { return recordedBytes() > 0; }, patienceMs);
 }
 
-qint64 PulseServer::recordedBytes() const
+QString PulseServer::recordingPath() const
 {
-    return QFile(folder_.filePath(QString("recording%1").arg(recordings_))).size();
+    return folder_.filePath(QString("recording%1").arg(recordings_));
 }
+
+qint64 PulseServer::recordedBytes() const { return QFile(recordingPath()).size(); }
 
 QByteArray PulseServer::recordedSince(qint64 byte) const
 {
-    QFile recording(folder_.filePath(QString("recording%1").arg(recordings_)));
+    QFile recording(recordingPath());
     if (!recording.open(QIODevice::ReadOnly) || !recording.seek(byte)) return {};
     return recording.readAll();
 }
 
-void PulseServer::kill()
-{
-    server_.kill();
-    server_.waitForFinished(patienceMs);
-}
+void PulseServer::kill() { endNow(server_); }
 
-void PulseServer::freeze() { ::kill(static_cast<pid_t>(server_.processId()), SIGSTOP); }
+void PulseServer::freeze() { ::kill(server_, SIGSTOP); }
 
-void PulseServer::thaw() { ::kill(static_cast<pid_t>(server_.processId()), SIGCONT); }
+void PulseServer::thaw() { ::kill(server_, SIGCONT); }

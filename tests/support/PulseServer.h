@@ -3,9 +3,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <sys/types.h>
 
 class PulseServer {
 public:
@@ -34,12 +35,13 @@ public:
 
 private:
     bool answers();
-    QProcessEnvironment environment() const;
+    pid_t run(const QStringList& command, const QString& output = {}) const;
+    QString recordingPath() const;
 
     QTemporaryDir folder_;
     int rate_ = 44100;
     int recordings_ = 0;
     QByteArray oldServer_, oldCookie_;
     bool hadServer_, hadCookie_;
-    QProcess server_, recorder_;
+    pid_t server_ = 0, recorder_ = 0; // 0: does not run
 };
