@@ -14,8 +14,8 @@ MEMORY = "/dev/shm"
 
 def arguments():
     parser = argparse.ArgumentParser(prog="bench/run", description="[MINUTES] stands before the options.")
-    parser.add_argument("--programs", required=True, help=argparse.SUPPRESS)
-    parser.add_argument("--album", required=True, help=argparse.SUPPRESS)
+    parser.add_argument("--programs", required=True, type=os.path.abspath, help=argparse.SUPPRESS)
+    parser.add_argument("--album", required=True, type=os.path.abspath, help=argparse.SUPPRESS)
     parser.add_argument("--pairs", type=int, default=3, help="runs of each program in each row")
     parser.add_argument("--engine", action="store_true", help="the engine alone, without the window")
     parser.add_argument("--only", default="", metavar="WORD", help="only rows whose name holds WORD")

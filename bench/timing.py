@@ -18,10 +18,11 @@ class Bench:
         self.programs = programs
         self.target = target
         self.figures = os.path.join(target, "figures")
-        config = os.path.join(target, "config")
+        config, runtime = os.path.join(target, "config"), os.path.join(target, "runtime")
         os.makedirs(config, exist_ok=True)
+        os.makedirs(runtime, mode=0o700, exist_ok=True)
         self.environment = dict(
-            os.environ, XDG_CONFIG_HOME=config, TMPDIR=target, LC_ALL="C.UTF-8",
+            os.environ, XDG_CONFIG_HOME=config, XDG_RUNTIME_DIR=runtime, TMPDIR=target, LC_ALL="C.UTF-8",
             QT_QPA_PLATFORM=os.environ.get("QT_QPA_PLATFORM", "offscreen"),
             PULSE_SERVER="unix:" + os.path.join(target, "no-sound-server"),
             DBUS_SESSION_BUS_ADDRESS="disabled:")

@@ -306,4 +306,5 @@ private:
     void loadLanguageOfSettings();
     void chooseLanguage(int row);
     void assignCaptions();
+    void placeFileName();
 };

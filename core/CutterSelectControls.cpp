@@ -83,6 +83,7 @@ CutterSelectControls::CutterSelectControls(QMainWindow& window)
     Label2.setText(QStringLiteral("00:00.00"));
     Image20.setChosen(true);
     Image23.setChosen(true);
+    for (Label* tab : {&Label5, &Label6, &Label7}) showTabCaption(*tab, tab == &Label5);
     ListView1.raise();
 }
 
@@ -93,6 +94,11 @@ void CutterSelectControls::chooseFonts()
     for (Label* bold : {&Label1, &Label11, &Label16, &Label9}) bold->setFont(look::font(12, QFont::DemiBold));
     for (Label* tab : {&Label5, &Label6, &Label7}) tab->setFont(look::font(12, QFont::DemiBold));
     for (Label* step : {&smallStep, &largeStep}) step->setFont(look::font(9));
+    for (Label* muted : {&smallStep, &largeStep, &Label4}) {
+        QPalette colours = muted->palette();
+        colours.setColor(QPalette::WindowText, look::muted);
+        muted->setPalette(colours);
+    }
     Label4.setFont(look::font(11));
     Picture1.setFont(look::font(11));
     Res1.setFont(look::font(10));
@@ -212,4 +218,11 @@ void CutterSelectControls::layOutput()
         covered->setAutoFillBackground(true);
         covered->setBackgroundRole(QPalette::Base);
     }
+}
+
+void CutterSelectControls::showTabCaption(Label& caption, bool isChosen)
+{
+    QPalette colours = caption.palette();
+    colours.setColor(QPalette::WindowText, isChosen ? look::text : look::inactiveTabText);
+    caption.setPalette(colours);
 }

@@ -170,6 +170,8 @@ struct CutterSelectControls {
 
     PartsListView ListView1{&panel, "ListView1", {1, 3, 449, 194}};    ///< the parts, in front at the start
 
+    static void showTabCaption(Label& caption, bool isChosen);
+
 private:
     void layWaveform();
     void layStamps();

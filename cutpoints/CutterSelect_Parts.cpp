@@ -75,6 +75,6 @@ void CutterSelect::showPanel(const PictureButton& chosen, QWidget& shown)
     for (PictureButton* tab : {&Image22, &Image23, &Image24}) tab->setChosen(tab == &chosen);
     const std::initializer_list<std::pair<Label*, const PictureButton*>> captions{
         {&Label6, &Image22}, {&Label5, &Image23}, {&Label7, &Image24}};
-    for (const auto& [caption, tab] : captions) caption->setEnabled(tab == &chosen);
+    for (const auto& [caption, tab] : captions) showTabCaption(*caption, tab == &chosen);
     for (QWidget* side : std::initializer_list<QWidget*>{&PicTag, &PicOutput, &ListView1}) side->setVisible(side == &shown);
 }

@@ -108,6 +108,7 @@ std::int64_t OutputFile::size() const
 
 void OutputFile::flush()
 {
+    if (failed_) throw EngineError(reason_);
     append(buffer_.data(), buffer_.size());
     buffer_.clear();
 }

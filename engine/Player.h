@@ -8,6 +8,8 @@
 
 #include <QTimer>
 
+#include <type_traits>
+
 /// Lives on the program's thread. Every handler may call any operation, run an event loop, or destroy the
 /// player; what that makes stale is not raised any more.
 class Player : public AudioPlayerStream {

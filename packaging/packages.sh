@@ -70,13 +70,13 @@ mayInstall() {
 
 # --no-remove: a desktop whose own sound server excludes one of ours keeps its own, and we stop with apt's words.
 install() {
-    local missing=("$@")
-    echo "Installing ${#missing[@]} Debian packages: ${missing[*]}"
-    mayInstall "${missing[@]}"
+    local names=("$@")
+    echo "Installing ${#names[@]} Debian packages: ${names[*]}"
+    mayInstall "${names[@]}"
     asRoot apt-get -qq -o DPkg::Lock::Timeout=300 update ||
         echo "The package lists could not be refreshed; going on with those that are there." >&2
     asRoot env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 \
-        install -y --no-install-recommends --no-remove "${missing[@]}"
+        install -y --no-install-recommends --no-remove "${names[@]}"
     echo "Installed."
 }
 

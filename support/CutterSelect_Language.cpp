@@ -96,8 +96,16 @@ void CutterSelect::assignCaptions()
         ListView1.headerItem()->setText(column, langText(52 + static_cast<std::size_t>(column)));
     for (std::size_t i = 0; i < 3; ++i) Label10[i].setText(langText(53 + i) + QStringLiteral(" :"));
     Label12.setText(langText(56) + QStringLiteral(" :"));
+    placeFileName();
     for (const auto& [tab, label] : {std::pair{&Image23, &Label5}, {&Image22, &Label6}, {&Image24, &Label7}})
         tab->setAccessibleName(label->text());
+}
+
+// The name stands right behind its caption, whose width differs from language to language.
+void CutterSelect::placeFileName()
+{
+    const int left = Label8.x() + Label8.fontMetrics().horizontalAdvance(Label8.text()) + 10;
+    Label1.setGeometry(left, Label1.y(), Label4.x() - 8 - left, Label1.height());
 }
 
 void CutterSelect::chooseLanguage(int row)

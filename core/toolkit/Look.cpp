@@ -1,5 +1,7 @@
 #include "core/toolkit/Look.h"
 
+#include "core/toolkit/Pictures.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QStyleFactory>
@@ -18,7 +20,7 @@ QMenu::item:disabled { color: #8A94AE; }
 QMenu::separator { height: 1px; background: #DDE4F4; margin: 4px 6px; }
 QMenu::indicator { width: 14px; height: 14px; left: 6px; }
 QToolBar { background: transparent; border: none; spacing: 0px; padding: 0; }
-QToolBar::separator { width: 1px; margin: 7px 4px; background: #D3DBEF; }
+QToolBar::separator { width: 1px; margin: 7px 3px; background: #D3DBEF; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 4px; }
 QToolBar QToolButton:hover { background: #FFFFFF; border-color: #D3DBEF; }
 QToolBar QToolButton:pressed { background: #DCE7FF; }
@@ -109,6 +111,7 @@ QFont look::font(int px, QFont::Weight weight)
 
 void applyLook(QApplication& application)
 {
+    loadDrawings();
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(palette());
     QToolTip::setPalette(palette());

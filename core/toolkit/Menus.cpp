@@ -69,6 +69,7 @@ Toolbar::Toolbar(QWidget* parent, const QString& name, QRectF placePx) : QToolBa
         button->setToolTip(QString::fromLatin1(row.tip));
         widgetForAction(button)->setObjectName(button->objectName());
         widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
+        widgetForAction(button)->setFixedSize(30, 30);
         connect(button, &QAction::triggered, this, guarded([this, index = static_cast<std::int16_t>(row.index)](bool) {
             if (onButtonClick) onButtonClick(index);
         }));

@@ -5,10 +5,17 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+// The drawings lie in a static library, which hands them over only when asked.
+void loadDrawings()
+{
+    Q_INIT_RESOURCE(quillon);
+}
+
 namespace {
 
 QPixmap render(const QString& file, QSize sizePx, double dpr)
 {
+    loadDrawings();
     QPixmap picture(sizePx * dpr);
     picture.fill(Qt::transparent);
     QSvgRenderer renderer(file);

@@ -6,6 +6,9 @@
 #include <QPixmap>
 #include <QString>
 
+/// Makes the drawings known to the toolkit; the style sheet names some of them.
+void loadDrawings();
+
 /// A drawing of `resources/icons` at a size in logical pixels.
 QPixmap pixmap(const QString& name, QSize sizePx, double dpr, bool isEnabled = true);
 

@@ -106,6 +106,7 @@ void PictureButton::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintFrame(painter);
+    if (picture_.isEmpty()) return;
     const QPixmap drawing = pixmap(picture_, QSize(picturePx_, picturePx_), devicePixelRatioF(), isEnabled());
     const int x = frame_ == Frame::Tab ? 10 : (width() - picturePx_) / 2;
     painter.drawPixmap(x, (height() - picturePx_) / 2 + (isDown() ? 1 : 0), drawing);

@@ -1,65 +1,16 @@
 // The player on a real sound server of its own, and what a recorder hears of it.
 #include "engine/PulseOut.h"
 #include "engine/PulsePlayer.h"
-#include "tests/support/CodedSound.h"
+#include "tests/engine/tst_player_feeder.h"
 #include "tests/support/PulseServer.h"
 
 #include <QTest>
-#include <QThread>
 
 #include <atomic>
 
 namespace {
 
 constexpr int patienceMs = 30000;
-
-/// Feeds a player from a stretch of coded sound as the program does, and notes what it raises.
-struct Feeder {
-    AudioPlayerStream& player;
-    std::int32_t next, last;
-    std::int32_t block = 100000;
-    std::vector<std::int32_t> positions;
-    int ends = 0;
-    bool onProgramsThread = true;
-
-    Feeder(AudioPlayerStream& fed, std::int32_t first, std::int32_t lastFrame)
-        : player(fed), next(first), last(lastFrame)
-    {
-        player.RequestOnLoadArray = [this] { check(), feed(); };
-        player.EndArrayPlay = [this] { check(); };
-        player.EndPlay = [this] { check(), ++ends; };
-        player.Timer = [this](std::int32_t position, std::int32_t, std::int32_t) {
-            check();
-            positions.push_back(position);
-        };
-    }
-
-    void feed()
-    {
-        const std::int32_t count = std::min(block, last - next + 1);
-        player.PlayArray(codedSound(next, count));
-        next += count;
-    }
-
-    void start()
-    {
-        player.SetFormat(44100, 2);
-        player.Start();
-        feed();
-        feed();
-    }
-
-    void goTo(std::int32_t frame)
-    {
-        player.ClearQueue();
-        positions.clear();
-        next = frame;
-        feed();
-        feed();
-    }
-
-    void check() { onProgramsThread &= QThread::currentThread() == QCoreApplication::instance()->thread(); }
-};
 
 }
 
@@ -84,14 +35,6 @@ private slots:
     void aPlayerCanBeDestroyedWhileItPlays();
     void twoPlayersAreHeardAtOnce();
     void monoIsHeardOnBothSides();
-
-    void everyDeviceOfTheServerIsCounted();
-    void theChosenDeviceIsHeard();
-    void aServerThatDiesIsTheEndAndTheNextStartFails();
-    void aDeviceThatGoesIsTheEnd();
-    void aServerWithoutADeviceFails();
-    void aServerThatStoppedAnsweringFails();
-    void aServerThatCameBackIsFound();
 
 private:
     /// Waits until this frame has been recorded, and gives all frames but the silent ones.
@@ -312,77 +255,6 @@ void tst_player_server::monoIsHeardOnBothSides()
         return std::count(both.begin(), both.end(), 1234 | 1234 << 15);
     };
     QTRY_COMPARE_WITH_TIMEOUT(heard(), 22050, patienceMs);
-}
-
-void tst_player_server::everyDeviceOfTheServerIsCounted()
-{
-    QCOMPARE(player_->GetDeviceCount(), 2);
-    QVERIFY(server_->control({"load-module", "module-null-sink", "sink_name=second"}));
-    QCOMPARE(player_->GetDeviceCount(), 3);
-    player_->SetDevice(2);
-    QVERIFY(player_->GetDeviceValid());
-}
-
-void tst_player_server::theChosenDeviceIsHeard()
-{
-    QVERIFY(server_->control(
-        {"load-module", "module-null-sink", "sink_name=second", "rate=44100", "norewinds=1"}));
-    QVERIFY(server_->record("second"));
-    QCOMPARE(player_->GetDeviceCount(), 3);
-    player_->SetDevice(2);
-    Feeder feeder(*player_, 1, 5000);
-    feeder.start();
-    QVERIFY(recordedUpTo(5000) == frameRange(1, 5000));
-}
-
-void tst_player_server::aServerThatDiesIsTheEndAndTheNextStartFails()
-{
-    Feeder feeder(*player_, 1, 400000);
-    feeder.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty(), patienceMs);
-    server_->kill();
-    QVERIFY(ended(feeder));
-    player_->Start();
-    QVERIFY(player_->GetFailed());
-    QCOMPARE(feeder.ends, 1);
-}
-
-void tst_player_server::aDeviceThatGoesIsTheEnd()
-{
-    Feeder feeder(*player_, 1, 400000);
-    feeder.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty(), patienceMs);
-    QVERIFY(server_->control({"unload-module", "module-null-sink"}));
-    QVERIFY(ended(feeder));
-}
-
-void tst_player_server::aServerWithoutADeviceFails()
-{
-    QVERIFY(server_->control({"unload-module", "module-null-sink"}));
-    QCOMPARE(player_->GetDeviceCount(), 0);
-    player_->Start();
-    QVERIFY(player_->GetFailed());
-}
-
-void tst_player_server::aServerThatStoppedAnsweringFails()
-{
-    QCOMPARE(player_->GetDeviceCount(), 2);
-    server_->freeze();
-    player_->Start();
-    server_->thaw();
-    QVERIFY(player_->GetFailed());
-    QCOMPARE(player_->GetDeviceCount(), 0);
-}
-
-void tst_player_server::aServerThatCameBackIsFound()
-{
-    QCOMPARE(player_->GetDeviceCount(), 2);
-    server_->kill();
-    player_->Start();
-    QVERIFY(player_->GetFailed());
-    QVERIFY(server_->start());
-    player_->Start();
-    QVERIFY(!player_->GetFailed());
 }
 
 QTEST_GUILESS_MAIN(tst_player_server)

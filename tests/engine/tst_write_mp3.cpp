@@ -5,6 +5,9 @@
 
 #include <QTest>
 
+#include <thread>
+#include <unistd.h>
+
 using namespace tools;
 
 namespace {
@@ -48,6 +51,7 @@ private slots:
     void aLibraryWithoutTheFunctionsFailsCreate();
     void nothingIsPrinted();
     void theSimpleFormatHasTheDefaults();
+    void writersOnTwoThreadsDoNotDisturbEachOther();
 };
 
 void tst_write_mp3::theDecodedLengthIsExact_data()
@@ -322,6 +326,19 @@ void tst_write_mp3::theSimpleFormatHasTheDefaults()
     writer.SetFormatMP3Simple(32000, 96, 1);
     save(writer, folder / "a.mp3", sound);
     QCOMPARE(contents(folder / "a.mp3"), coded(format, sound));
+}
+
+void tst_write_mp3::writersOnTwoThreadsDoNotDisturbEachOther()
+{
+    const SampleArray sound = music(44100, 2, 60000);
+    LameFormat constant, variable;
+    variable.SetCommandLine("-V 2");
+    QByteArray codedAside;
+    std::thread aside([&] { codedAside = coded(variable, sound); });
+    const QByteArray codedHere = coded(constant, sound);
+    aside.join();
+    QCOMPARE(codedHere, coded(constant, sound));
+    QCOMPARE(codedAside, coded(variable, sound));
 }
 
 QTEST_GUILESS_MAIN(tst_write_mp3)
