@@ -44,6 +44,9 @@ SettingsSlider::SettingsSlider(QWidget* parent, const QString& name, QRectF plac
     setPageStep(largeStep);
     setTickPosition(QSlider::TicksBelow);
     setTickInterval(1);
+    QPalette faded = palette();
+    faded.setColor(QPalette::Disabled, QPalette::Highlight, look::hairlineStrong);
+    setPalette(faded);
     connect(this, &QSlider::valueChanged, this, guarded([this](int position) {
                 if (onMove) onMove(position);
             }));

@@ -41,10 +41,10 @@ frmOgg::frmOgg() : QDialog(MainForm)
 
 void frmOgg::lay()
 {
-    putList(cmbChMode, QStringLiteral("cmbChMode"), {14, 36, 128, 28}, {"Mono", "Stereo"});
-    putList(cmbFrequency, QStringLiteral("cmbFrequency"), {14, 36, 128, 28}, rateCaptions());
-    putButton(chQuality, QStringLiteral("chQuality"), {14, 22, 140, 26}, QStringLiteral("Quality Enabled"));
-    putButton(chVbr, QStringLiteral("chVbr"), {14, 50, 140, 26}, QStringLiteral("VBR Enabled"));
+    putList(cmbChMode, QStringLiteral("cmbChMode"), {14, 33, 128, 28}, {"Mono", "Stereo"});
+    putList(cmbFrequency, QStringLiteral("cmbFrequency"), {14, 33, 128, 28}, rateCaptions());
+    putButton(chQuality, QStringLiteral("chQuality"), {14, 20, 140, 26}, QStringLiteral("Quality Enabled"));
+    putButton(chVbr, QStringLiteral("chVbr"), {14, 47, 140, 26}, QStringLiteral("VBR Enabled"));
     sldrQuality.setTickInterval(100);
     putButton(cmdApply, QStringLiteral("cmdApply"), {202, 376, 94, 30}, QStringLiteral("Apply"));
     putButton(cmdCancel, QStringLiteral("cmdCancel"), {308, 376, 94, 30}, QStringLiteral("Cancel"));

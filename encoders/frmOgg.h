@@ -24,22 +24,22 @@ public:
     std::int32_t CallerMode = 0; ///< 3 main form, 6 joiner
 
     // ---- controls
-    Frame frmChMode{this, "frmChMode", {12, 10, 156, 84}, "Channels Mode"};
+    Frame frmChMode{this, "frmChMode", {12, 10, 156, 80}, "Channels Mode"};
     QComboBox cmbChMode{&frmChMode};
-    Frame frmFrequency{this, "frmFrequency", {180, 10, 156, 84}, "Sampling Frequency"};
+    Frame frmFrequency{this, "frmFrequency", {180, 10, 156, 80}, "Sampling Frequency"};
     QComboBox cmbFrequency{&frmFrequency};
-    Frame frmOption{this, "frmOption", {348, 10, 160, 84}, "Option"};
+    Frame frmOption{this, "frmOption", {348, 10, 160, 80}, "Option"};
     QCheckBox chQuality{&frmOption};
     QCheckBox chVbr{&frmOption};
-    Card nominal{this, "nominal", {12, 106, 496, 62}};
+    Card nominal{this, "nominal", {12, 100, 496, 62}};
     FieldLabel lblBitrate{&nominal, "lblBitrate", {16, 6, 460, 18}, "Bitrate"};
     SettingsSlider sldrBitrate{&nominal, "sldrBitrate", {14, 26, 468, 30}, lastBitratePosition, 2};
-    Frame frmVbr{this, "frmVbr", {12, 172, 496, 122}, "VBR"};
-    FieldLabel lblMinBitrate{&frmVbr, "lblMinBitrate", {16, 20, 460, 18}, "MinBitrate"};
-    SettingsSlider sldrMinBitrate{&frmVbr, "sldrMinBitrate", {14, 38, 468, 30}, lastBitratePosition, 2};
-    FieldLabel lblMaxBitrate{&frmVbr, "lblMaxBitrate", {16, 70, 460, 18}, "MaxBitrate"};
-    SettingsSlider sldrMaxBitrate{&frmVbr, "sldrMaxBitrate", {14, 88, 468, 30}, lastBitratePosition, 2};
-    Frame frmQuality{this, "frmQuality", {12, 298, 496, 66}, "Quality (Compression)"};
+    Frame frmVbr{this, "frmVbr", {12, 165, 496, 128}, "VBR"};
+    FieldLabel lblMinBitrate{&frmVbr, "lblMinBitrate", {16, 22, 460, 18}, "MinBitrate"};
+    SettingsSlider sldrMinBitrate{&frmVbr, "sldrMinBitrate", {14, 40, 468, 30}, lastBitratePosition, 2};
+    FieldLabel lblMaxBitrate{&frmVbr, "lblMaxBitrate", {16, 74, 460, 18}, "MaxBitrate"};
+    SettingsSlider sldrMaxBitrate{&frmVbr, "sldrMaxBitrate", {14, 92, 468, 30}, lastBitratePosition, 2};
+    Frame frmQuality{this, "frmQuality", {12, 297, 496, 67}, "Quality (Compression)"};
     SettingsSlider sldrQuality{&frmQuality, "sldrQuality", {14, 26, 468, 32}, 1000, 1};
     QPushButton cmdApply{this};
     QPushButton cmdCancel{this};

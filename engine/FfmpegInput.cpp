@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdio>
-#include <string_view>
 
 namespace {
 
@@ -29,13 +28,6 @@ std::int64_t leadingTagBytes(const SourceFile& file)
     return at;
 }
 
-bool isAvi(const SourceFile& file)
-{
-    std::array<char, 12> head{};
-    file.readAt(0, head.data(), head.size());
-    return std::string_view(head.data(), 4) == "RIFF" && std::string_view(head.data() + 8, 4) == "AVI ";
-}
-
 } // namespace
 
 FfmpegInput::FfmpegInput(std::shared_ptr<const SourceFile> file)
@@ -44,9 +36,6 @@ FfmpegInput::FfmpegInput(std::shared_ptr<const SourceFile> file)
     av_log_set_level(AV_LOG_QUIET);
     auto* buffer = static_cast<std::uint8_t*>(av_malloc(ioBytes));
     io_ = avio_alloc_context(buffer, ioBytes, 0, this, &readBytes, nullptr, &seekBytes);
-    // The table of an AVI's chunks grows with its length. It is read only from what can be jumped about in,
-    // and the chunks are found without it.
-    if (isAvi(*file_)) io_->seekable = 0;
     openContext();
 }
 

@@ -109,7 +109,8 @@ QRectF GraphicImage::boundsPx() const
 void GraphicImage::paint(QPainter& painter, double dpr) const
 {
     const QRectF px = boundsPx();
-    const QPixmap picture = pixmap(picture_, px.size().toSize(), dpr);
+    QPixmap picture = pixmap(picture_, px.size().toSize(), dpr);
+    picture.setDevicePixelRatio(1);    // the painter works in device pixels
     painter.drawPixmap(QPoint(static_cast<int>(std::floor(px.left() * dpr)), static_cast<int>(px.top() * dpr)),
                        picture, QRect(QPoint(0, 0), picture.size()));
 }
