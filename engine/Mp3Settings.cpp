@@ -51,8 +51,9 @@ void applyExpert(const Mp3Format& properties, const LameApi& api, lame_t lame)
     static constexpr int emphasis[] = {0, 1, 3};
     api.setQuality(lame, std::clamp(9 - properties.EncoderQuality, 0, 9));
     api.setDisableReservoir(lame, !properties.BitReservoir);
-    // One field of LAME behind both: whether the channels may differ comes first.
-    api.setAllowDiffShort(lame, properties.DifferentBlockTypes);
+    // One field of LAME behind both: whether the channels may differ comes first. Not for mono, where LAME
+    // would ask the second channel all the same, and decide by whatever it finds there.
+    if (properties.FormatChannels > 1) api.setAllowDiffShort(lame, properties.DifferentBlockTypes);
     if (!properties.ShortBlocks) api.setNoShortBlocks(lame, 1);
     if (properties.IsoCompliance) api.setStrictIso(lame, 1);
     api.setErrorProtection(lame, properties.ErrorProtection);
