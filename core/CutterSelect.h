@@ -238,8 +238,7 @@ private:
     void scanBlocks(bool isRecording);
     void beginTable();
     void showScanProgress(std::int16_t percent, bool isRecording);
-    void failScan();
-    void openWorkFile();
+    void failScan(bool isRecording);
     void finishScan(bool isRecording);
     // ---- Close
     void forgetDocument();

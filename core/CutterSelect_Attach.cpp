@@ -137,6 +137,7 @@ namespace {
 bool keepsKey(const QObject* widget, const QKeyEvent& key)
 {
     if (qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget)) return true;
+    if (key.modifiers() & ~Qt::KeypadModifier) return false;
     if (qobject_cast<const QAbstractButton*>(widget)) return key.key() == Qt::Key_Space;
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }

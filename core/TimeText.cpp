@@ -38,6 +38,11 @@ double SampleToSecondeD(std::int32_t Frames, std::int32_t SampleRate)
     return static_cast<double>(Frames) / SampleRate;
 }
 
+double Log10(double number)
+{
+    return std::log(number) / std::log(10.0);
+}
+
 QString FormatSeconds(double seconds)
 {
     const std::int32_t t = toLong(seconds * 100);

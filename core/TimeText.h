@@ -15,6 +15,9 @@ std::int32_t SampleToSeconde(std::int32_t Frames, std::int32_t SampleRate);
 /// Seconds, not rounded. Throws on a rate of 0.
 double SampleToSecondeD(std::int32_t Frames, std::int32_t SampleRate);
 
+/// Logarithm to the base of 10. Nothing calls it.
+double Log10(double number);
+
 /// "mm:ss.cc", the form of all times of parts.
 QString FormatSeconds(double seconds);
 

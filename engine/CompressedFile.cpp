@@ -14,12 +14,13 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <thread>
 
 namespace {
 
 constexpr int mostSilentPackets = 1000; // without a first sound there is none to come
-constexpr int shortSeconds = 10;
-constexpr int mostThreads = 8;
+constexpr int shortSeconds = 10;        // over before a second thread has helped
+constexpr int mostThreads = 8;          // each keeps a batch in memory
 
 struct Name {
     const char* of;
@@ -63,8 +64,7 @@ std::int64_t lengthByStamps(const AVStream& stream, const PacketCount& counted, 
     return av_rescale_q(std::max<std::int64_t>(ticks, 0), stream.time_base, {1, rate});
 }
 
-/// Reads and counts packets, all of them or up to the first that sounds. Returns the
-/// form of the first sound.
+/// Reads and counts packets, all of them or up to the first that sounds. Returns the form of the first sound.
 SoundFormat firstSound(FfmpegInput& input, const CodecSetup& setup, bool all, PacketCount& counted)
 {
     PacketDecoder decoder(setup);

@@ -15,7 +15,7 @@
 /// How the work is cut up. Changes the speed and the memory, never the sound.
 struct BatchPlan {
     int threads = 1;
-    std::size_t packets = 128; ///< of a batch
+    std::size_t packets = 192; ///< of a batch
 };
 
 class PacketBatchDecoder : public BlockSource {

@@ -1,50 +1,36 @@
 #include "support/IniFile.h"
 
+#include "support/IniText.h"
+
 #include <QFile>
 #include <QSaveFile>
 
-#define SI_NO_CONVERSION    // the texts are UTF-8 throughout
-#include <SimpleIni.h>
+#include <optional>
 
 namespace {
 
-// UTF-8, one value a key, no blanks around "=".
-class Ini : public CSimpleIniA {
-public:
-    Ini() : CSimpleIniA(true, false, false)
-    {
-        SetSpaces(false);
-        SetQuotes(false);
-    }
-};
-
-bool load(Ini& ini, const QString& path)
+// A file that isn't there is an empty one; nothing when it is there and can't be read.
+std::optional<QByteArray> contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.exists()) return true;
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    const QByteArray content = file.readAll();
-    return content.isEmpty() || ini.LoadData(content.constData(), static_cast<std::size_t>(content.size())) >= 0;
+    if (!file.exists()) return QByteArray();
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    return file.readAll();
 }
 
 }
 
 QString readIniValue(const QString& file, const QString& section, const QString& key)
 {
-    Ini ini;
-    if (!load(ini, file)) return {};
-    return QString::fromUtf8(ini.GetValue(section.toUtf8().constData(), key.toUtf8().constData(), ""));
+    return QString::fromUtf8(iniValue(contentOf(file).value_or(QByteArray()), section.toUtf8(), key.toUtf8()));
 }
 
 void writeIniValue(const QString& file, const QString& section, const QString& key, const QString& value)
 {
-    Ini ini;
-    if (!load(ini, file)) return;
-    ini.SetValue(section.toUtf8().constData(), key.toUtf8().constData(), value.toUtf8().constData());
-    std::string content;
-    if (ini.Save(content) < 0) return;
+    const auto content = contentOf(file);
+    if (!content) return;
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly)) return;
-    target.write(content.data(), static_cast<qint64>(content.size()));
+    target.write(withIniValue(*content, section.toUtf8(), key.toUtf8(), value.toUtf8()));
     target.commit();
 }

@@ -60,8 +60,9 @@ QByteArray iniValue(const QByteArray& content, const QByteArray& section, const 
 QByteArray withIniValue(const QByteArray& content, const QByteArray& section, const QByteArray& key,
                         const QByteArray& value)
 {
-    QList<QByteArray> lines = content.split('\n');
     const QByteArray end = content.contains("\r\n") ? QByteArrayLiteral("\r") : QByteArray();
+    const bool isWhole = content.isEmpty() || content.endsWith('\n');
+    QList<QByteArray> lines = (isWhole ? content : content + end + '\n').split('\n');
     const QByteArray wanted = key + '=' + value + end;
     const Place place = find(lines, section, key);
     if (place.line >= 0) {
@@ -69,7 +70,6 @@ QByteArray withIniValue(const QByteArray& content, const QByteArray& section, co
     } else if (place.behind >= 0) {
         lines.insert(place.behind + 1, wanted);
     } else {
-        if (!lines.last().isEmpty()) lines << QByteArray();
         lines.insert(lines.size() - 1, '[' + section + ']' + end);
         lines.insert(lines.size() - 1, wanted);
     }

@@ -64,7 +64,8 @@ void IniWrite(const QString& file, const QString& section, const QString& key, c
 
 bool FileExists(const QString& path)
 {
-    return !path.isEmpty() && !path.endsWith(QLatin1Char('/')) && QFileInfo::exists(path);
+    const QFileInfo file(path);
+    return !path.isEmpty() && !path.endsWith(QLatin1Char('/')) && file.exists() && !file.isDir();
 }
 
 bool FolderExists(const QString& path)

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <fcntl.h>
@@ -15,29 +16,34 @@
 namespace {
 
 constexpr int mostPrograms = 100;
+const QString lockName = QStringLiteral("quillon.lock");
 
-QString baseFolder()
-{
-    const QString chosen = qEnvironmentVariable("TMPDIR");
-    if (!chosen.isEmpty()) return QDir::cleanPath(chosen);
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    QDir().mkpath(cache);
-    return cache + QStringLiteral("/quillon");
-}
-
-// Ours alone: made 0700, or found as a folder (not a link) of this user.
+// Ours alone: made 0700, or found as a folder (not a link) of this user and closed to others.
 bool makeOwnFolder(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
     if (::mkdir(name.constData(), 0700) == 0) return true;
     struct stat status {};
-    return ::lstat(name.constData(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid();
+    if (::lstat(name.constData(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid()) return false;
+    return (status.st_mode & 0777) == 0700 || ::chmod(name.constData(), 0700) == 0;
+}
+
+// The folder that the user names, or one of the user's own where that is none.
+QString baseFolder()
+{
+    const QString chosen = qEnvironmentVariable("TMPDIR");
+    if (!chosen.isEmpty() && QFileInfo(chosen).isDir()) return QDir::cleanPath(chosen);
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache);
+    const QString own = cache + QStringLiteral("/quillon");
+    if (!makeOwnFolder(own)) throw EngineError(QStringLiteral("%1 is not a folder of this user").arg(own));
+    return own;
 }
 
 // The lock goes with the process, however it ends.
 bool lock(const QString& folder)
 {
-    const QByteArray name = QFile::encodeName(folder + QStringLiteral("/quillon.lock"));
+    const QByteArray name = QFile::encodeName(folder + QLatin1Char('/') + lockName);
     const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (file < 0) return false;
     if (::flock(file, LOCK_EX | LOCK_NB) == 0) return true;
@@ -62,8 +68,6 @@ QString temporaryFolder()
     static std::map<QString, QString> claimed;
     const QString base = baseFolder();
     const auto known = claimed.find(base);
-    if (known != claimed.end() && QDir(known->second).exists()) return known->second;
-    if (qEnvironmentVariableIsEmpty("TMPDIR") && !makeOwnFolder(base))
-        throw EngineError(QStringLiteral("%1 is not a folder of this user").arg(base));
+    if (known != claimed.end() && QFile::exists(known->second + lockName)) return known->second;
     return claimed[base] = claimBelow(base);
 }

@@ -60,10 +60,10 @@ void CutterSelect::Ouvre(const QString& chosen)
         createWorkFile();
         DisableMainForm();
         scanBlocks(false);
+        finishScan(false);
     } catch (const std::exception&) {
-        failScan();
+        failScan(false);
     }
-    finishScan(false);
 }
 
 // The recording is the work file itself: nothing is copied, and the progress shows in the status bar alone.
@@ -81,10 +81,10 @@ void CutterSelect::OuvreRecordedAudio(const QString& fichi)
         beginTable();
         DisableMainForm();
         scanBlocks(true);
+        finishScan(true);
     } catch (const std::exception&) {
-        failScan();
+        failScan(true);
     }
-    finishScan(true);
 }
 
 void CutterSelect::beginScan()
@@ -153,22 +153,13 @@ void CutterSelect::showScanProgress(std::int16_t percent, bool isRecording)
     giveWay();
 }
 
-void CutterSelect::failScan()
+// A fault of the scan or of its closing steps is told once, and the closing steps run from their start. What fails then
+// leaves, with the progress dialog still up and `Scanning` still set, until another open succeeds.
+void CutterSelect::failScan(bool isRecording)
 {
     MsgBox(langText(73), Icon::Critical);
-}
-
-// The writer may find out only now that the disk is full.
-void CutterSelect::openWorkFile()
-{
     try {
-        FileWenc->Close();
-    } catch (const std::exception&) {
-        failScan();
-    }
-    FileR->Close();
-    try {
-        FileR->Open(TempCutPath);
+        finishScan(isRecording);
     } catch (const std::exception&) {
         EnableMainForm();    // the scan may have begun, and nobody else would
         throw;
@@ -179,7 +170,11 @@ void CutterSelect::openWorkFile()
 // there is the work file of an earlier one, that sound becomes the document; where there is none, the error leaves.
 void CutterSelect::finishScan(bool isRecording)
 {
-    if (!isRecording) openWorkFile();
+    if (!isRecording) {
+        FileWenc->Close();
+        FileR->Close();
+        FileR->Open(TempCutPath);
+    }
     DurationSeconds = SampleToSeconde(FileR->GetTotalSamples(), FileR->GetSampleRate());
     SampleRate = FileR->GetSampleRate();
     TotalSamples = FileR->GetTotalSamples();

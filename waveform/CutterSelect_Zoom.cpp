@@ -5,6 +5,8 @@
 #include "core/toolkit/Events.h"
 #include "waveform/ZoomSteps.h"
 
+#include <algorithm>
+
 std::int32_t CutterSelect::positionSample() const
 {
     return sampleOfX(Picture1.Width(), TotalSamples, Line2.X1());
@@ -30,7 +32,8 @@ void CutterSelect::showPositionAt(std::int32_t sample)
 void CutterSelect::zoomTo(Twips width)
 {
     Picture1.setWidth(width);
-    MonScroll.setMaximum(scrollMaximum(width, Picture4.Width()));
+    // The toolkit's bar would drag its minimum down to a maximum below it.
+    MonScroll.setRange(1, std::max<int>(1, scrollMaximum(width, Picture4.Width())));
     DrawWaveform();
 }
 

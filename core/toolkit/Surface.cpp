@@ -97,16 +97,26 @@ void Surface::fitStore()
     update();
 }
 
+// A background is painted once for each size; the ruler's stamp is cleared hundreds of times in one redraw.
 void Surface::Cls()
 {
     fitStore();
-    store_.fill(backColor_);
-    if (background) {
-        QPainter painter(&store_);
-        painter.scale(scale(), scale());
-        background(painter, QSizeF(store_.size()) / scale());
+    if (!background) {
+        store_.fill(backColor_);
+    } else {
+        if (cleared_.size() != store_.size()) paintBackground();
+        std::copy_n(cleared_.constBits(), cleared_.sizeInBytes(), store_.bits());
     }
     update();
+}
+
+void Surface::paintBackground()
+{
+    cleared_ = QImage(store_.size(), QImage::Format_RGB32);
+    cleared_.fill(backColor_);
+    QPainter painter(&cleared_);
+    painter.scale(scale(), scale());
+    background(painter, QSizeF(store_.size()) / scale());
 }
 
 void Surface::Print(Twips x, Twips y, const QString& text)
@@ -123,6 +133,10 @@ void Surface::Print(Twips x, Twips y, const QString& text)
 void Surface::BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, int sourceXPx, int sourceYPx)
 {
     const double dpr = scale();
+    // The store of a stamp is a device pixel larger than the stamp: that one is only for the rounding of whole copies.
+    wPx = std::min(wPx, static_cast<int>(source.width_ / twipsPerPixel) - sourceXPx);
+    hPx = std::min(hPx, static_cast<int>(source.height_ / twipsPerPixel) - sourceYPx);
+    if (wPx <= 0 || hPx <= 0) return;
     const int fromX = devicePixel(sourceXPx, dpr), fromY = devicePixel(sourceYPx, dpr);
     const QRect wanted(QPoint(devicePixel(xPx, dpr), devicePixel(yPx, dpr)),
                        QPoint(devicePixel(xPx + wPx, dpr) - 1, devicePixel(yPx + hPx, dpr) - 1));
@@ -149,20 +163,20 @@ void Surface::strokes(std::span<const double> heights, double step, double centr
     std::vector<int> top(static_cast<std::size_t>(width), height), bottom(static_cast<std::size_t>(width), -1);
     for (std::size_t i = 0; i < heights.size(); ++i) {
         const int x = devicePixel(step * static_cast<double>(i) / twipsPerPixel, dpr);
-        const int from = devicePixel((centre - heights[i]) / twipsPerPixel, dpr);
-        const int to = devicePixel((centre + heights[i]) / twipsPerPixel, dpr);
-        for (int column = x; column < std::min(x + thick, width); ++column) {
-            auto& t = top[static_cast<std::size_t>(column)];
-            auto& b = bottom[static_cast<std::size_t>(column)];
-            t = std::min(t, std::max(from, 0));
-            b = std::max(b, std::min(to, height - 1));
+        const int from = std::max(0, devicePixel((centre - heights[i]) / twipsPerPixel, dpr));
+        const int to = std::min(height - 1, devicePixel((centre + heights[i]) / twipsPerPixel, dpr));
+        for (int column = std::max(x, 0); column < std::min(x + thick, width); ++column) {
+            const auto c = static_cast<std::size_t>(column);
+            top[c] = std::min(top[c], from);
+            bottom[c] = std::max(bottom[c], to);
         }
     }
     const QRgb pixel = color.rgb();
     for (int y = 0; y < height; ++y) {
         auto* row = reinterpret_cast<QRgb*>(store_.scanLine(y));
-        for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x)
-            if (y >= top[x] && y <= bottom[x]) row[x] = pixel;
+        const int* t = top.data();
+        const int* b = bottom.data();
+        for (int x = 0; x < width; ++x) row[x] = (y >= t[x]) & (y <= b[x]) ? pixel : row[x];
     }
     update();
 }
@@ -231,7 +245,9 @@ void Surface::mousePressEvent(QMouseEvent* event)
 void Surface::mouseMoveEvent(QMouseEvent* event)
 {
     const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
-    // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own.
+    // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own, and so
+    // does one whose release went to a menu.
+    if (event->buttons() == Qt::NoButton) isPressed_ = false;
     GraphicImage* image = grabber_ ? grabber_ : isPressed_ ? nullptr : imageAt(x, y);
     const int button = event->buttons() & Qt::LeftButton ? leftButton : event->buttons() & Qt::RightButton ? rightButton : 0;
     const int shift = shiftOf(event->modifiers());

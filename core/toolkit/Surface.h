@@ -67,12 +67,14 @@ protected:
 private:
     void fitStore();
     void layWidget();
+    void paintBackground();
     GraphicImage* imageAt(double x, double y) const;
     void showCursorFor(const GraphicImage* image);
 
     Twips left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     QColor backColor_;
     QImage store_;
+    QImage cleared_;    // what `Cls` leaves behind where there is a background
     std::vector<GraphicItem*> items_;
     GraphicImage* grabber_ = nullptr;    // the image that was pressed, until the release
     bool isPressed_ = false;             // between a press on this surface and its release
