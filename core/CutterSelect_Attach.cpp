@@ -125,6 +125,14 @@ void CutterSelect::attachFields()
 
 void CutterSelect::attachKeys()
 {
+    // By the eye: the formats stand in another order than their numbers.
+    QWidget* before = &Image24;
+    for (const std::size_t i : {1, 2, 3, 0}) {
+        setTabOrder(before, &Option1[i]);
+        setTabOrder(&Option1[i], &Image6[i]);
+        before = &Image6[i];
+    }
+    Image20.setAccessibleName(QStringLiteral("Arrow"));    // the language files have no text for it
     for (QWidget* widget : findChildren<QWidget*>())
         if (widget->focusPolicy() != Qt::NoFocus && widget != &Picture1) widget->installEventFilter(this);
     auto* space = new QShortcut(QKeySequence(Qt::Key_Space), this);

@@ -9,6 +9,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace {
 
@@ -16,6 +17,8 @@ constexpr Twips windowWidth = 10860;
 constexpr Twips windowHeight = 8340;
 constexpr std::int32_t genreCount = 148;
 constexpr std::int32_t fullVolume = 65535;
+
+QPointer<QWidget> focusBeforeJob;    // a disabled window lets go of it
 
 }
 
@@ -60,6 +63,7 @@ void CutterSelect::Form_Load()
     FileLoaded = false;
     DrawRulerAndMarkers();
     Picture1.Refresh();
+    Picture1.setFocus();    // else the first tool has it, and the space bar would press that
     ClearPartDetails();
     Label3.setText(langText(46) + QStringLiteral(" : ") + QString::fromLatin1("00:00.00"));
 }
@@ -100,6 +104,7 @@ void CutterSelect::closeEvent(QCloseEvent* event)
 
 void CutterSelect::DisableMainForm()
 {
+    if (isEnabled()) focusBeforeJob = focusWidget();
     setEnabled(false);
     if (ProgressForm.loaded()) ProgressForm->setEnabled(true);
 }
@@ -107,4 +112,7 @@ void CutterSelect::DisableMainForm()
 void CutterSelect::EnableMainForm()
 {
     setEnabled(true);
+    if (focusWidget()) return;
+    const bool isThere = focusBeforeJob && isAncestorOf(focusBeforeJob) && focusBeforeJob->isEnabled();
+    (isThere ? focusBeforeJob.data() : &Picture1)->setFocus();
 }

@@ -47,6 +47,7 @@ void CutterSelect::DeleteEntryCutPoint_Click()
         MsgBox(langText(66), Icon::Information);
         return;
     }
+    if (CutCount == 0) return;    // the code of a part outlives its cuts
     const std::int32_t p = CutPoints.at(static_cast<std::size_t>(SelectedPart == lastPart ? CutCount : SelectedPart));
     for (MarkerIndex = 1; MarkerIndex < CutCount; ++MarkerIndex)
         if (CutPoints.at(static_cast<std::size_t>(MarkerIndex)) == p) break;

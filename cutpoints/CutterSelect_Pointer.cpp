@@ -2,7 +2,6 @@
 // then the tool.
 #include "core/CutterSelect.h"
 
-#include "core/TimeText.h"
 #include "core/WaveScale.h"
 #include "core/toolkit/Pictures.h"
 

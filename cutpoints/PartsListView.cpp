@@ -79,10 +79,10 @@ void PartsListView::setCell(int row, Column column, const QString& text)
 void PartsListView::mousePressEvent(QMouseEvent* event)
 {
     lastPress_ = event->globalPosition().toPoint();
-    isPressed_ = true;
+    isPressed_ = itemAt(event->position().toPoint()) != nullptr;
     const bool isRight = event->button() == Qt::RightButton;
     if (onMouseDown) onMouseDown(isRight ? 2 : event->button() == Qt::MiddleButton ? 4 : 1);
-    if (itemAt(event->position().toPoint())) QTreeWidget::mousePressEvent(event);
+    if (isPressed_) QTreeWidget::mousePressEvent(event);
 }
 
 // The toolkit calls a click what the left button does; here the right one clicks too.

@@ -1,4 +1,4 @@
-// Widget: the parts list. One row is selected or none; a press beside the rows leaves it as it is.
+// Widget: the parts list. One row is selected or none; a press beside the rows changes nothing and is no click.
 #pragma once
 
 #include "cutpoints/PartRows.h"
@@ -36,5 +36,5 @@ protected:
 
 private:
     QPoint lastPress_;
-    bool isPressed_ = false;
+    bool isPressed_ = false;    // on a row, until the release
 };

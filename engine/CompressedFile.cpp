@@ -1,9 +1,11 @@
 #include "engine/CompressedFile.h"
 
 #include "core/Errors.h"
+#include "engine/AviInput.h"
 #include "engine/ChainedVorbis.h"
 #include "engine/DecodeAhead.h"
 #include "engine/FfmpegDecoder.h"
+#include "engine/FfmpegInput.h"
 #include "engine/FormatText.h"
 #include "engine/PacketBatchDecoder.h"
 #include "engine/PacketCount.h"
@@ -19,6 +21,7 @@ extern "C" {
 namespace {
 
 constexpr int mostSilentPackets = 1000; // without a first sound there is none to come
+constexpr int learningPackets = 8;      // tell what the header of an AVI doesn't
 constexpr int shortSeconds = 10;        // over before a second thread has helped
 constexpr int mostThreads = 8;          // each keeps a batch in memory
 
@@ -40,16 +43,21 @@ QString nameIn(const Name (&table)[N], const QString& of)
     return {};
 }
 
+bool canDecode(const CodecSetup& setup)
+{
+    try {
+        PacketDecoder tried(setup);
+        return true;
+    } catch (const EngineError&) {
+        return false;
+    }
+}
+
 /// The first sound stream that a decoder opens; -1 where there is none.
 int findStream(const FfmpegInput& input)
 {
-    for (const AVStream* stream : input.soundStreams()) {
-        try {
-            PacketDecoder tried(codecSetup(*stream));
-            return stream->index;
-        } catch (const EngineError&) {
-        }
-    }
+    for (const AVStream* stream : input.soundStreams())
+        if (canDecode(codecSetup(*stream))) return stream->index;
     return -1;
 }
 
@@ -65,14 +73,15 @@ std::int64_t lengthByStamps(const AVStream& stream, const PacketCount& counted, 
 }
 
 /// Reads and counts packets, all of them or up to the first that sounds. Returns the form of the first sound.
-SoundFormat firstSound(FfmpegInput& input, const CodecSetup& setup, bool all, PacketCount& counted)
+SoundFormat firstSound(PacketInput& input, const CodecSetup& setup, bool all, PacketCount& counted)
 {
     PacketDecoder decoder(setup);
     BlockList heard;
     const Packet packet(av_packet_alloc());
-    while ((all || heard.size() == 0) && input.read(*packet)) {
+    const auto listening = [&] { return heard.size() == 0 && counted.packets() < mostSilentPackets; };
+    while ((all || heard.size() == 0) && (listening() ? input.read(*packet) : input.readToCount(*packet))) {
+        if (listening()) decoder.decode(packet.get(), &heard);
         counted.add(*packet);
-        if (heard.size() == 0 && counted.packets() <= mostSilentPackets) decoder.decode(packet.get(), &heard);
     }
     if (heard.size() == 0) decoder.decode(nullptr, &heard);
     return heard.size() > 0 ? heard[0].format : SoundFormat();
@@ -118,16 +127,57 @@ int threadsFor(const SoundInfo& info)
     return info.total < std::int64_t(info.format.rate) * shortSeconds ? 1 : std::clamp(cores, 1, mostThreads);
 }
 
+/// The codec as its first packets show it; the header often has the rate or the channels wrong.
+CodecSetup learnCodec(AviInput&& input, const CodecSetup& setup)
+{
+    PacketDecoder decoder(setup);
+    BlockList heard;
+    const Packet packet(av_packet_alloc());
+    for (int i = 0; i < mostSilentPackets && (i < learningPackets || heard.size() == 0); ++i) {
+        if (!input.read(*packet)) break;
+        decoder.decode(packet.get(), &heard);
+    }
+    const CodecSetup learnt = decoder.setup();
+    const auto parameters = newParameters();
+    avcodec_parameters_copy(parameters.get(), learnt.parameters.get());
+    parameters->codec_id = input.codec();
+    return {parameters, setup.timeBase};
+}
+
+/// Empty where the file is no AVI, or has something in it that only libavformat may make sense of.
+std::optional<CompressedFile> inspectAvi(const std::shared_ptr<const SourceFile>& file)
+{
+    CompressedFile found{file, {}, false, 0, {}, findAviFile(*file)};
+    if (!found.avi) return {};
+    auto& sounds = found.avi->sounds;
+    const auto sound = std::find_if(sounds.begin(), sounds.end(),
+                                    [](const AviSound& tried) { return canDecode(tried.codec); });
+    if (sound == sounds.end()) return {};
+    sounds = {*sound};
+    found.stream = sounds[0].stream;
+    found.codec = learnCodec(AviInput(file, *found.avi, sounds[0]), sounds[0].codec);
+
+    AviInput input(file, *found.avi, sounds[0]);
+    PacketCount count(found.codec);
+    found.info.format = firstSound(input, found.codec, true, count);
+    if (found.info.format.rate == 0 || input.lost()) return {};
+    found.info.total = count.total(found.info.format.rate);
+    found.info.text = describe(QStringLiteral("avi"), *found.codec.parameters, found.info.format,
+                               bitrateOf(found, count, true));
+    return found;
+}
+
 } // namespace
 
 CompressedFile inspectFile(std::shared_ptr<const SourceFile> file, bool wmaEnabled)
 {
+    if (auto avi = inspectAvi(file)) return std::move(*avi);
     FfmpegInput input(file);
     const QString container = input.container();
     if (container == QLatin1String("asf") && !wmaEnabled)
         throw EngineError(QStringLiteral("WMA is switched off"));
 
-    CompressedFile found{file, {}, false, findStream(input), {}};
+    CompressedFile found{file, {}, false, findStream(input), {}, {}};
     if (found.stream < 0) throw EngineError(QStringLiteral("%1 holds no sound").arg(file->path()));
     const bool ogg = container == QLatin1String("ogg");
     if (const auto chain = ogg ? ChainedVorbis::inspect(file) : std::nullopt) {
@@ -149,12 +199,20 @@ CompressedFile inspectFile(std::shared_ptr<const SourceFile> file, bool wmaEnabl
     return found;
 }
 
+std::unique_ptr<PacketInput> openPackets(const CompressedFile& file)
+{
+    if (file.avi) return std::make_unique<AviInput>(file.file, *file.avi, file.avi->sounds.at(0));
+    auto input = std::make_unique<FfmpegInput>(file.file);
+    input->choose(file.stream);
+    return input;
+}
+
 std::unique_ptr<BlockSource> startDecoding(const CompressedFile& file)
 {
     if (file.chained) return std::make_unique<DecodeAhead>(std::make_unique<ChainedVorbis>(file.file));
     if (canDecodeInPieces(file.codec.parameters->codec_id) && threadsFor(file.info) > 1)
-        return std::make_unique<PacketBatchDecoder>(file.file, file.stream, file.codec,
+        return std::make_unique<PacketBatchDecoder>(openPackets(file), file.codec,
                                                     BatchPlan{.threads = threadsFor(file.info)});
-    auto serial = std::make_unique<FfmpegDecoder>(file.file, file.stream, file.codec);
+    auto serial = std::make_unique<FfmpegDecoder>(openPackets(file), file.codec);
     return std::make_unique<DecodeAhead>(std::move(serial));
 }

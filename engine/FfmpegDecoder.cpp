@@ -6,11 +6,9 @@ constexpr std::size_t blockElements = 64 * 1024;
 
 }
 
-FfmpegDecoder::FfmpegDecoder(std::shared_ptr<const SourceFile> file, int stream, const CodecSetup& setup)
-    : input_(std::move(file)), decoder_(setup), packet_(av_packet_alloc())
-{
-    input_.choose(stream);
-}
+FfmpegDecoder::FfmpegDecoder(std::unique_ptr<PacketInput> input, const CodecSetup& setup)
+    : input_(std::move(input)), decoder_(setup), packet_(av_packet_alloc())
+{}
 
 bool FfmpegDecoder::next(Block& block)
 {
@@ -26,7 +24,7 @@ void FfmpegDecoder::fill()
     ready_.clear();
     at_ = 0;
     while (!ended_ && (ready_.size() == 0 || ready_[ready_.size() - 1].samples.size() < blockElements)) {
-        ended_ = !input_.read(*packet_);
+        ended_ = !input_->read(*packet_);
         decoder_.decode(ended_ ? nullptr : packet_.get(), &ready_);
     }
 }

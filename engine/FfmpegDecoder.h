@@ -1,19 +1,19 @@
 // One pass over a file by one codec, packet after packet.
 #pragma once
 
-#include "engine/FfmpegInput.h"
 #include "engine/PacketDecoder.h"
+#include "engine/PacketInput.h"
 
 class FfmpegDecoder : public BlockSource {
 public:
-    FfmpegDecoder(std::shared_ptr<const SourceFile> file, int stream, const CodecSetup& setup);
+    FfmpegDecoder(std::unique_ptr<PacketInput> input, const CodecSetup& setup);
 
     bool next(Block& block) override;
 
 private:
     void fill();
 
-    FfmpegInput input_;
+    std::unique_ptr<PacketInput> input_;
     PacketDecoder decoder_;
     Packet packet_;
     BlockList ready_;

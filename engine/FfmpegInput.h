@@ -1,25 +1,20 @@
 // Takes a sound file apart into the packets of one of its streams. One object is one pass from the start.
 #pragma once
 
+#include "engine/PacketInput.h"
 #include "engine/SourceFile.h"
 
-#include <memory>
 #include <vector>
 
 extern "C" {
 #include <libavformat/avformat.h>
 }
 
-struct FreePacket {
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
-using Packet = std::unique_ptr<AVPacket, FreePacket>;
-
-class FfmpegInput {
+class FfmpegInput : public PacketInput {
 public:
     /// Throws EngineError where the file is of no kind that we know.
     explicit FfmpegInput(std::shared_ptr<const SourceFile> file);
-    ~FfmpegInput();
+    ~FfmpegInput() override;
     FfmpegInput(const FfmpegInput&) = delete;
     FfmpegInput& operator=(const FfmpegInput&) = delete;
 
@@ -33,8 +28,7 @@ public:
     /// From here on `read` delivers this stream and skips the others.
     void choose(int index);
 
-    /// The next packet; false at the end, and where the file can't be read any further.
-    bool read(AVPacket& packet);
+    bool read(AVPacket& packet) override;
 
 private:
     static int readBytes(void* self, std::uint8_t* to, int bytes);

@@ -26,11 +26,10 @@ std::vector<Packet> copyTail(const std::vector<Packet>& packets, std::size_t cou
 
 } // namespace
 
-PacketBatchDecoder::PacketBatchDecoder(std::shared_ptr<const SourceFile> file, int stream,
-                                       const CodecSetup& setup, const BatchPlan& plan)
-    : setup_(setup), plan_(plan), input_(std::move(file))
+PacketBatchDecoder::PacketBatchDecoder(std::unique_ptr<PacketInput> input, const CodecSetup& setup,
+                                       const BatchPlan& plan)
+    : setup_(setup), plan_(plan), input_(std::move(input))
 {
-    input_.choose(stream);
     for (int i = 0; i < plan.threads; ++i)
         threads_.emplace_back([this](std::stop_token stop) { work(stop); });
 }
@@ -143,7 +142,7 @@ void PacketBatchDecoder::readBatch(Batch& batch)
     batch.blocks.clear();
     Packet packet(av_packet_alloc());
     while (!batch.last && batch.packets.size() < batch.preroll + plan_.packets) {
-        batch.last = !input_.read(*packet);
+        batch.last = !input_->read(*packet);
         if (batch.last) break;
         changed_ = changed_ || changesCodec(*packet);
         batch.packets.push_back(std::move(packet));

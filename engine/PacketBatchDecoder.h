@@ -3,14 +3,15 @@
 // decoder makes of the whole file; where a batch meets a fault, it is decoded once more in just that way.
 #pragma once
 
-#include "engine/FfmpegInput.h"
 #include "engine/PacketDecoder.h"
+#include "engine/PacketInput.h"
 
 #include <condition_variable>
 #include <deque>
 #include <exception>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 /// How the work is cut up. Changes the speed and the memory, never the sound.
 struct BatchPlan {
@@ -20,8 +21,7 @@ struct BatchPlan {
 
 class PacketBatchDecoder : public BlockSource {
 public:
-    PacketBatchDecoder(std::shared_ptr<const SourceFile> file, int stream, const CodecSetup& setup,
-                       const BatchPlan& plan);
+    PacketBatchDecoder(std::unique_ptr<PacketInput> input, const CodecSetup& setup, const BatchPlan& plan);
     ~PacketBatchDecoder() override;
 
     bool next(Block& block) override;
@@ -53,7 +53,7 @@ private:
     BatchPlan plan_;
 
     std::mutex inputMutex_; ///< guards what reads the file, from here to `readAll_`
-    FfmpegInput input_;
+    std::unique_ptr<PacketInput> input_;
     std::vector<Packet> carried_; ///< copies of the packets that warm up the next batch
     bool changed_ = false;        ///< the codec's set-up changed midway
     bool readAll_ = false;

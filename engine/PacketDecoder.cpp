@@ -6,12 +6,17 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+std::shared_ptr<AVCodecParameters> newParameters()
+{
+    const auto release = [](AVCodecParameters* p) { avcodec_parameters_free(&p); };
+    return {avcodec_parameters_alloc(), release};
+}
+
 CodecSetup codecSetup(const AVStream& stream)
 {
-    AVCodecParameters* parameters = avcodec_parameters_alloc();
-    avcodec_parameters_copy(parameters, stream.codecpar);
-    const auto release = [](AVCodecParameters* p) { avcodec_parameters_free(&p); };
-    return {std::shared_ptr<AVCodecParameters>(parameters, release), stream.time_base};
+    const auto parameters = newParameters();
+    avcodec_parameters_copy(parameters.get(), stream.codecpar);
+    return {parameters, stream.time_base};
 }
 
 SampleArray& BlockList::samplesFor(const SoundFormat& format)
@@ -45,6 +50,13 @@ bool PacketDecoder::decode(const AVPacket* packet, BlockList* out)
         if (got < 0) return false;
         if (out) sound = take(*out) && sound;
     }
+}
+
+CodecSetup PacketDecoder::setup() const
+{
+    const auto parameters = newParameters();
+    avcodec_parameters_from_context(parameters.get(), codec_.get());
+    return {parameters, codec_->pkt_timebase};
 }
 
 // A damaged frame can claim channels that nobody can play; it is left out like one that doesn't decode.

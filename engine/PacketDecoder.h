@@ -16,6 +16,9 @@ struct CodecSetup {
     AVRational timeBase{};
 };
 
+/// Empty ones, to be filled in.
+std::shared_ptr<AVCodecParameters> newParameters();
+
 CodecSetup codecSetup(const AVStream& stream);
 
 /// A list of blocks whose buffers are used again after `clear`.
@@ -41,6 +44,9 @@ public:
     /// Decodes a packet, or what is still inside when it is null. The sound goes to `out`, and nowhere when
     /// that is null. False where the codec found fault with the packet; the next one may be all right again.
     bool decode(const AVPacket* packet, BlockList* out);
+
+    /// The set-up with all that the packets so far have told of the codec.
+    CodecSetup setup() const;
 
 private:
     struct FreeCodec {

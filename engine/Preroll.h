@@ -2,9 +2,13 @@
 // what one decoder for the whole file delivers.
 #pragma once
 
-#include "engine/FfmpegInput.h"
+#include "engine/PacketInput.h"
 
 #include <span>
+
+extern "C" {
+#include <libavcodec/codec_id.h>
+}
 
 /// Whether sound of this codec can be decoded in pieces at all.
 bool canDecodeInPieces(AVCodecID codec);

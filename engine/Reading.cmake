@@ -1,5 +1,8 @@
 # The reading half: files to sample arrays.
 target_sources(engine PRIVATE
+    AviFile.cpp
+    AviInput.cpp
+    AviWalk.cpp
     ChainedVorbis.cpp
     CompressedFile.cpp
     CompressedReader.cpp
@@ -8,6 +11,7 @@ target_sources(engine PRIVATE
     FfmpegDecoder.cpp
     FfmpegInput.cpp
     FileReader.cpp
+    FileWindow.cpp
     FrameConverter.cpp
     Mp3Packet.cpp
     PacketBatchDecoder.cpp
@@ -17,4 +21,5 @@ target_sources(engine PRIVATE
     SourceFile.cpp
     WavLayout.cpp
     WavReader.cpp
+    WaveForm.cpp
 )

@@ -19,3 +19,10 @@ void copySamples(AudioFile& reader, AudioFile& writer, std::int32_t length,
         if (!goesOn(position)) return;
     }
 }
+
+// The rate is asked for before the channels.
+void takeInputFormat(const AudioFile& reader, AudioFile& writer)
+{
+    const std::int32_t rate = reader.GetOutputRate();
+    writer.SetInputFormat(rate, reader.GetChannels());
+}

@@ -12,3 +12,6 @@ inline constexpr std::int32_t copyBlock = 100000;    ///< samples per channel at
 /// loop goes on until it is told to stop.
 void copySamples(AudioFile& reader, AudioFile& writer, std::int32_t length,
                  const std::function<bool(double position)>& goesOn);
+
+/// Tells the writer the rate and the channels of the arrays that the reader delivers.
+void takeInputFormat(const AudioFile& reader, AudioFile& writer);

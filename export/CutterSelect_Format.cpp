@@ -144,28 +144,29 @@ void CutterSelect::Image6_Click(int index)
     storeFormat(QString::fromLatin1(row->name));
 }
 
+// Kept: the four entries run the handler, and setting the button on runs it once more where that changes it.
 void CutterSelect::SelecMP3_Click()
 {
     Option1_Click(1);
-    Option1[1].setChecked(true);
+    setOption(1);
 }
 
 void CutterSelect::selecOgg_Click()
 {
     Option1_Click(2);
-    Option1[2].setChecked(true);
+    setOption(2);
 }
 
 void CutterSelect::SelecWma_Click()
 {
     Option1_Click(3);
-    Option1[3].setChecked(true);
+    setOption(3);
 }
 
 void CutterSelect::SelecWav_Click()
 {
     Option1_Click(0);
-    Option1[0].setChecked(true);
+    setOption(0);
 }
 
 void CutterSelect::SelecFormatConfig_Click()

@@ -3,6 +3,7 @@
 
 #include "core/toolkit/Events.h"
 #include "core/toolkit/FormHolder.h"
+#include "export/CopyStretch.h"
 #include "export/FileNameProposal.h"
 #include "waveform/Form2.h"
 
@@ -61,7 +62,7 @@ void CutterSelect::writeEach(const QString& fileName, const QString& format, std
     giveWay();
     const Stretch part = stretchOf(i == 0 ? 0 : i == last ? lastPart : i, CutPoints, CutCount, TotalSamples);
     FileR->Seek(part.start);
-    FileWenc->SetInputFormat(FileR->GetOutputRate(), FileR->GetChannels());
+    takeInputFormat(*FileR, *FileWenc);
     copyStretch(fileName, part.length);
     ProgressForm->setProgressBar1(100);
     FileWenc->Close();

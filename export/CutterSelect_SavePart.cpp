@@ -113,7 +113,7 @@ void CutterSelect::writePart(const QString& outPath, std::int32_t length)
     ProgressForm->setProgressBar1(0.001);
     ProgressForm->show();
     giveWay();
-    FileWenc->SetInputFormat(FileR->GetOutputRate(), FileR->GetChannels());
+    takeInputFormat(*FileR, *FileWenc);
     copyStretch(outPath, length);
     ProgressForm->setProgressBar1(100);
     FileWenc->Close();

@@ -1,4 +1,5 @@
-// Stepping the position by a second, and dragging its handle. While the file plays, both move the stream at once.
+// Stepping the position by a second, and dragging its handle. While the file plays, both move the stream at
+// once.
 #include "core/CutterSelect.h"
 
 #include "core/TimeText.h"
@@ -13,7 +14,8 @@ void CutterSelect::Fwd1Sec_Click()
     const double width = Picture1.Width();
     if (!PlayFeeding) {
         const double p = TotalSamples / width * Line2.X1() + step;
-        const auto x = static_cast<Twips>(p > TotalSamples ? width : width / TotalSamples * step + Line2.X1());
+        const auto x =
+            static_cast<Twips>(p > TotalSamples ? width : width / TotalSamples * step + Line2.X1());
         Line2.setX(x);
         Line6.setX(x);
         IndicTime.setLeft(x - IndicTime.Width() / 2);
@@ -21,7 +23,7 @@ void CutterSelect::Fwd1Sec_Click()
         const double p = FileR->GetTotalSamples() / width * Line2.X1() + step;
         reposition(p > TotalSamples ? TotalSamples : toLong(TotalSamples / width * Line2.X1() + step));
     }
-    showPositionOf(positionSample());    // Kept: in play the line has not moved yet, so this is the place before
+    showPositionOf(positionSample()); // Kept: in play the line has not moved yet, so this is the place before
 }
 
 void CutterSelect::Rew1Sec_Click()
@@ -37,7 +39,7 @@ void CutterSelect::Rew1Sec_Click()
         IndicTime.setLeft(x - IndicTime.Width() / 2);
     } else {
         const double p = FileR->GetTotalSamples() / width * Line2.X1() - step;
-        reposition(p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step));    // Kept: sample 1, not 0
+        reposition(p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step)); // Kept: sample 1, not 0
     }
     showPositionOf(positionSample());
 }
@@ -48,10 +50,7 @@ void CutterSelect::IndicTime_MouseDown(Twips X)
     TimeDrag = true;
 }
 
-void CutterSelect::IndicTime_MouseUp()
-{
-    TimeDrag = false;
-}
+void CutterSelect::IndicTime_MouseUp() { TimeDrag = false; }
 
 void CutterSelect::IndicTime_MouseMove(Twips X)
 {

@@ -1,5 +1,5 @@
-// Playing: the file from the position line to its end, or a part exactly. The player is fed arrays and calls back for
-// more.
+// Playing: the file from the position line to its end, or a part exactly. The player is fed arrays and calls
+// back for more.
 #include "core/CutterSelect.h"
 
 #include "core/TimeText.h"
@@ -45,8 +45,8 @@ void CutterSelect::PlayRange(const QString& path, std::int32_t start, std::int32
         PlayBlock = std::min(length, partBlock);
         if (!startPlayer()) return;
         PlayFeeding = true;
-        FeedPlayer();    // one array plays while
-        FeedPlayer();    // the next lies ready
+        FeedPlayer(); // one array plays while
+        FeedPlayer(); // the next lies ready
     } catch (const std::exception&) {
         MsgBox(langText(75), Icon::Exclamation);
     }
@@ -106,10 +106,7 @@ void CutterSelect::Image10_Click()
     if (FileLoaded && !Scanning) ToolbarCommand(12);
 }
 
-void CutterSelect::AudioPlayer_RequestOnLoadArray()
-{
-    FeedPlayer();
-}
+void CutterSelect::AudioPlayer_RequestOnLoadArray() { FeedPlayer(); }
 
 void CutterSelect::AudioPlayer_EndPlay()
 {
@@ -143,9 +140,12 @@ void CutterSelect::positionToStart()
     Label2.setText(QString::fromLatin1(zeroTime));
 }
 
-// The stream goes on from another place. A part in play keeps its count, so it plays on for the rest of its length.
+// The stream goes on from another place. A part in play keeps its count, so it plays on for the rest of its
+// length. There is no stream where the device couldn't be opened: the reader is closed and `IsPlaying` is
+// still set.
 void CutterSelect::reposition(std::int32_t sample)
 {
+    if (FileR->IsClosed()) return;
     AudioPlayer->ClearQueue();
     PlayPosition = FileR->Seek(sample);
     FeedPlayer();

@@ -3,8 +3,8 @@
 
 #include "core/Numbers.h"
 
-/// New left edge of a handle of `width` that stands at `left` on a surface of `surfaceWidth`, for a pointer at `x` on
-/// the handle that was pressed at `pressedX`.
+/// New left edge of a handle of `width` that stands at `left` on a surface of `surfaceWidth`, for a pointer
+/// at `x` on the handle that was pressed at `pressedX`.
 inline Twips draggedLeft(Twips x, std::int32_t pressedX, Twips left, Twips width, Twips surfaceWidth)
 {
     if (x > static_cast<Twips>(pressedX)) {

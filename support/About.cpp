@@ -20,7 +20,8 @@ About::About(QWidget* owner) : QDialog(owner)
     auto* version = new Label(this, QStringLiteral("Label2"), {104, 54, 236, 20});
     version->setText(QStringLiteral(QUILLON_VERSION));
 
-    addLink(0, QStringLiteral("Label3"), QStringLiteral("LAME 3.100"), QStringLiteral("https://lame.sourceforge.io/"));
+    addLink(0, QStringLiteral("Label3"), QStringLiteral("LAME 3.100"),
+            QStringLiteral("https://lame.sourceforge.io/"));
     addLink(1, QStringLiteral("Label4"), QStringLiteral("GNU Lesser General Public License 2.0"),
             QStringLiteral("https://www.gnu.org/licenses/old-licenses/lgpl-2.0.html"));
     addLink(2, QStringLiteral("Label5"), QStringLiteral("quillon@tonehaven.example"),
@@ -32,19 +33,19 @@ About::About(QWidget* owner) : QDialog(owner)
     connect(ok, &QPushButton::clicked, this, guarded([this](bool) { accept(); }));
 }
 
+// A button, so that the keyboard reaches it.
 void About::addLink(int row, const QString& name, const QString& caption, const QString& address)
 {
-    auto* link = new Label(this, name, QRectF(104, 88 + 24 * row, 236, 20));
-    QFont underlined = look::font(12);
-    underlined.setUnderline(true);
-    link->setFont(underlined);
-    link->setForegroundRole(QPalette::Link);
+    auto* link = new QPushButton(caption, this);
+    put(*link, name, QRectF(100, 88 + 24 * row, 240, 22));
+    link->setStyleSheet(
+        QStringLiteral("QPushButton { border: 1px solid transparent; background: transparent; color: %1;"
+                       " padding: 0 3px; min-height: 18px; text-align: left; text-decoration: underline; }"
+                       " QPushButton:focus { border-color: %1; }")
+            .arg(look::accent.name()));
     link->setCursor(Qt::PointingHandCursor);
-    link->setText(caption);
-    link->onClick = guarded([address] { OpenDocument(address, {}, {}); });
+    link->setAutoDefault(false);
+    connect(link, &QPushButton::clicked, this, guarded([address](bool) { OpenDocument(address, {}, {}); }));
 }
 
-void about_Click()
-{
-    About(MainForm).exec();
-}
+void about_Click() { About(MainForm).exec(); }

@@ -3,6 +3,7 @@
 
 #include "core/toolkit/Events.h"
 #include "core/toolkit/FormHolder.h"
+#include "export/CopyStretch.h"
 #include "waveform/Form2.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ void CutterSelect::ExtractAudio(const QString& source, const QString& target)
         FileRe->Open(source);
         if (FileRe->GetTotalSamples() == 0) return failExtraction();
         FileWenc->Create(target);
-        FileWenc->SetInputFormat(FileRe->GetOutputRate(), FileRe->GetChannels());
+        takeInputFormat(*FileRe, *FileWenc);
         copyVideoSound();
         ProgressForm->setProgressBar1(100);
         FileWenc->Close();

@@ -22,7 +22,8 @@ std::optional<QByteArray> contentOf(const QString& path)
 
 QString readIniValue(const QString& file, const QString& section, const QString& key)
 {
-    return QString::fromUtf8(iniValue(contentOf(file).value_or(QByteArray()), section.toUtf8(), key.toUtf8()));
+    return QString::fromUtf8(
+        iniValue(contentOf(file).value_or(QByteArray()), section.toUtf8(), key.toUtf8()));
 }
 
 void writeIniValue(const QString& file, const QString& section, const QString& key, const QString& value)

@@ -9,10 +9,7 @@ bool isSameName(const QByteArray& a, const QByteArray& b)
     return a.trimmed().compare(b, Qt::CaseInsensitive) == 0;
 }
 
-bool isComment(const QByteArray& line)
-{
-    return line.startsWith(';') || line.startsWith('#');
-}
+bool isComment(const QByteArray& line) { return line.startsWith(';') || line.startsWith('#'); }
 
 // Name of the section that a line opens; null for any other line.
 QByteArray sectionOf(const QByteArray& line)
@@ -23,8 +20,8 @@ QByteArray sectionOf(const QByteArray& line)
 }
 
 struct Place {
-    qsizetype line = -1;      // of the key; -1: there is none
-    qsizetype behind = -1;    // the line behind which the key would go; -1: there is no such section
+    qsizetype line = -1;   // of the key; -1: there is none
+    qsizetype behind = -1; // the line behind which the key would go; -1: there is no such section
 };
 
 Place find(const QList<QByteArray>& lines, const QByteArray& section, const QByteArray& key)
@@ -54,7 +51,8 @@ QByteArray iniValue(const QByteArray& content, const QByteArray& section, const 
 {
     const QList<QByteArray> lines = content.split('\n');
     const Place place = find(lines, section, key);
-    return place.line < 0 ? QByteArray() : lines[place.line].mid(lines[place.line].indexOf('=') + 1).trimmed();
+    return place.line < 0 ? QByteArray()
+                          : lines[place.line].mid(lines[place.line].indexOf('=') + 1).trimmed();
 }
 
 QByteArray withIniValue(const QByteArray& content, const QByteArray& section, const QByteArray& key,

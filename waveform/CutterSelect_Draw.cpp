@@ -12,17 +12,15 @@ namespace {
 
 const QColor strokeColor(120, 200, 160);
 const QColor highlightColor(47, 47, 127);
-constexpr double peaksPerTwip = 18.0;         // Kept: full scale is more than the half height, so loud peaks are clipped
+// Kept: full scale is more than the half height, so loud peaks are clipped by the surface.
+constexpr double peaksPerTwip = 18.0;
 constexpr int barTopPx = 178;
 constexpr int barHeightPx = 18;
 constexpr Twips handleOffset = 25;
-constexpr Twips narrowestNumbered = 230;      // a part of this width or less gets no number
+constexpr Twips narrowestNumbered = 230; // a part of this width or less gets no number
 
 // The vertical centre of all drawing.
-double centreOf(const Surface& picture)
-{
-    return picture.Height() / 2.0 + 120 - 80;
-}
+double centreOf(const Surface& picture) { return picture.Height() / 2.0 + 120 - 80; }
 
 }
 
@@ -112,12 +110,15 @@ void CutterSelect::DrawTrackBar()
 void CutterSelect::printPartNumbers()
 {
     const Twips width = Picture1.Width();
-    const auto x = [&](std::int32_t i) { return xOfSample(width, TotalSamples, CutPoints.at(static_cast<std::size_t>(i))); };
+    const auto x = [&](std::int32_t i) {
+        return xOfSample(width, TotalSamples, CutPoints.at(static_cast<std::size_t>(i)));
+    };
     if (x(1) + handleOffset > narrowestNumbered) Picture1.Print(50, 2700, QStringLiteral("01"));
     for (std::int32_t i = 1; i <= CutCount; ++i) {
         stampSeparator(x(i));
         const double room = i < CutCount ? x(i + 1) - x(i) : width - (x(i) + handleOffset);
-        if (room > narrowestNumbered) Picture1.Print(static_cast<Twips>(x(i) + handleOffset), 2700, twoDigits(i + 1));
+        if (room > narrowestNumbered)
+            Picture1.Print(static_cast<Twips>(x(i) + handleOffset), 2700, twoDigits(i + 1));
     }
 }
 
@@ -143,7 +144,7 @@ void CutterSelect::DrawWaveform()
         Line6.setX(Line2.X1());
         Line6.setVisible(true);
     }
-    DrawRulerAndMarkers();    // Kept: this makes the list anew, so the row selected above is selected no longer
+    DrawRulerAndMarkers(); // Kept: this makes the list anew, so the row selected above is selected no longer
     DrawTrackBar();
 }
 

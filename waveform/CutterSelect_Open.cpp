@@ -1,5 +1,5 @@
-// Opening a file: it is decoded once into the work file, which is the document from then on, and sampled into the
-// peak table on the way.
+// Opening a file: it is decoded once into the work file, which is the document from then on, and sampled into
+// the peak table on the way.
 #include "core/CutterSelect.h"
 
 #include "core/TimeText.h"
@@ -26,8 +26,10 @@ void CutterSelect::OpenAudioFile_Click()
 
 void CutterSelect::chooseFileToOpen()
 {
-    cd1.Filter = langText(70) +
-        QStringLiteral(" (*.wav;*.mp3;*.ogg;*.wma;*.avi)|*.wav;*.WAV;*.mp3;*.MP3;*.AVI;*.ogg;*.OGG;*.wma;*.WMA;*.avi");
+    cd1.Filter =
+        langText(70) +
+        QStringLiteral(
+            " (*.wav;*.mp3;*.ogg;*.wma;*.avi)|*.wav;*.WAV;*.mp3;*.MP3;*.AVI;*.ogg;*.OGG;*.wma;*.WMA;*.avi");
     cd1.ShowOpen();
     CloseAudioFile_Click();
     ResetCenterLines();
@@ -45,7 +47,7 @@ void CutterSelect::chooseFileToOpen()
 
 void CutterSelect::Ouvre(const QString& chosen)
 {
-    const QString file = chosen;    // the caller hands over `CurrentFile` itself
+    const QString file = chosen; // the caller hands over `CurrentFile` itself
     KeepRunning = true;
     ProgressForm->Label2.setText(langText(74) + QStringLiteral("0 %"));
     ProgressForm->show();
@@ -146,28 +148,29 @@ void CutterSelect::showScanProgress(std::int16_t percent, bool isRecording)
         giveWay();
         return;
     }
-    if (percent == ProgressForm->ProgressBar1()) return;    // Cancel is only heard when the percentage moves
+    if (percent == ProgressForm->ProgressBar1()) return; // Cancel is only heard when the percentage moves
     ProgressForm->setProgressBar1(percent);
     StatusBar1.Panels(1).setText(langText(72) + QString::number(percent) + QStringLiteral(" %"));
     ProgressForm->Label2.setText(langText(74) + QString::number(percent) + QStringLiteral(" %"));
     giveWay();
 }
 
-// A fault of the scan or of its closing steps is told once, and the closing steps run from their start. What fails then
-// leaves, with the progress dialog still up and `Scanning` still set, until another open succeeds.
+// A fault of the scan or of its closing steps is told once, and the closing steps run from their start. What
+// fails then leaves, with the progress dialog still up and `Scanning` still set, until another open succeeds.
 void CutterSelect::failScan(bool isRecording)
 {
     MsgBox(langText(73), Icon::Critical);
     try {
         finishScan(isRecording);
     } catch (const std::exception&) {
-        EnableMainForm();    // the scan may have begun, and nobody else would
+        EnableMainForm(); // the scan may have begun, and nobody else would
         throw;
     }
 }
 
-// The work file is the document from here on; after a Cancel it is as long as it got. Where an open has failed and
-// there is the work file of an earlier one, that sound becomes the document; where there is none, the error leaves.
+// The work file is the document from here on; after a Cancel it is as long as it got. Where an open has
+// failed and there is the work file of an earlier one, that sound becomes the document; where there is none,
+// the error leaves.
 void CutterSelect::finishScan(bool isRecording)
 {
     if (!isRecording) {

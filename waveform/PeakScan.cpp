@@ -9,9 +9,9 @@ PeakScan::PeakScan(std::int32_t totalSamples) : ratio_(toLong(totalSamples / 800
 
 void PeakScan::add(std::span<std::int16_t> block, std::vector<std::int32_t>& peaks)
 {
-    // Kept: the walk is over the even elements from the second on, so in stereo it sees left samples alone and
-    // in mono every second one, and it never sees the first of a block. The counter steps from entry to entry:
-    // a modulo for each element would cost a seventh of an open.
+    // Kept: the walk is over the even elements from the second on, so in stereo it sees left samples alone
+    // and in mono every second one, and it never sees the first of a block. The counter steps from entry to
+    // entry: a modulo for each element would cost a seventh of an open.
     const auto even = block.empty() ? 0 : static_cast<std::int64_t>((block.size() - 1) / 2);
     if (even > 0 && ratio_ == 0) throw ConversionError(QStringLiteral("division by zero"));
 
@@ -25,7 +25,7 @@ void PeakScan::add(std::span<std::int16_t> block, std::vector<std::int32_t>& pea
 
 std::int32_t magnitude(std::int16_t& sample)
 {
-    if (sample == -32768) sample = -32665;    // Kept: not -32767
+    if (sample == -32768) sample = -32665; // Kept: not -32767
     return std::abs(std::int32_t{sample});
 }
 

@@ -8,10 +8,7 @@ inline constexpr std::int32_t lastZoomLevel = 8; ///< a level without a width of
 inline constexpr double scrollUnit = 300;        ///< twips of one unit of the scroll bar
 
 /// Width at 1:1, from that of the viewport.
-inline Twips baseWidth(Twips viewport)
-{
-    return viewport - 35;
-}
+inline Twips baseWidth(Twips viewport) { return viewport - 35; }
 
 /// Largest value of the scroll bar for a waveform of `width` in a viewport.
 inline std::int16_t scrollMaximum(Twips width, Twips viewport)

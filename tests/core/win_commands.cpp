@@ -14,7 +14,8 @@ void clickTool(CutterSelect& form, int index)
 QStringList entriesOf(const QMenu& menu)
 {
     QStringList names;
-    for (const QAction* entry : menu.actions()) names << (entry->isSeparator() ? "-" : "") + entry->objectName();
+    for (const QAction* entry : menu.actions())
+        names << (entry->isSeparator() ? "-" : "") + entry->objectName();
     return names;
 }
 
@@ -122,14 +123,14 @@ void win_commands::anIndexWithoutARowDoesNothing()
 void win_commands::aToolDoesWhatItsIndexSays_data()
 {
     QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("call");
     QTest::addRow("1 asks for a file") << 1 << "dialog open";
     QTest::addRow("2 closes the document") << 2 << "FileR.Close";
-    QTest::addRow("10 plays the file") << 10 << "FileR.Seek 0";
-    QTest::addRow("11 stops the player") << 11 << "AudioPlayer.ClearQueue";
-    QTest::addRow("12 stops the player") << 12 << "AudioPlayer.ClearQueue";
+    QTest::addRow("10 plays the file") << 10 << "FileR.Seek 44100";
+    QTest::addRow("11 stops the player") << 11 << "AudioPlayer.Stop";
+    QTest::addRow("12 stops the player") << 12 << "AudioPlayer.Stop";
     QTest::addRow("14 plays the selected part") << 14 << "AudioPlayer.SetFormat 44100 2";
-    QTest::addRow("15 saves the selected part") << 15 << "FileR.Seek 0";
+    QTest::addRow("15 saves the selected part") << 15 << "dialog save";
 }
 
 void win_commands::aToolDoesWhatItsIndexSays()
@@ -140,7 +141,8 @@ void win_commands::aToolDoesWhatItsIndexSays()
     fixture.pressBarOfRow(1);
     journal().clear();
     clickTool(form, index);
-    QTEST(journal().commands().value(0), "first");
+    QFETCH(QString, call);
+    QVERIFY2(journal().commands().contains(call), qPrintable(journal().commands().join(", ")));
 }
 
 void win_commands::theZoomToolsChangeTheLevel()
@@ -162,7 +164,8 @@ void win_commands::theZoomToolsThatLeadBackStartDisabled()
     FormFixture fixture;
     auto& form = fixture.load();
     for (const int index : {5, 6}) QVERIFY(!form.Toolbar1.Buttons(index).isEnabled());
-    for (const int index : {1, 2, 4, 8, 10, 11, 12, 17, 18}) QVERIFY(form.Toolbar1.Buttons(index).isEnabled());
+    for (const int index : {1, 2, 4, 8, 10, 11, 12, 17, 18})
+        QVERIFY(form.Toolbar1.Buttons(index).isEnabled());
 }
 
 void win_commands::theCutToolCutsAtThePositionLine()
@@ -251,15 +254,22 @@ void win_commands::theMenusHoldTheirEntriesInOrder_data()
 {
     QTest::addColumn<QString>("menu");
     QTest::addColumn<QString>("entries");
-    QTest::addRow("the file menu") << "Fichier" << "OpenAudioFile CloseAudioFile -sep11 SaveAllParts -Sep6 "
-                                                   "ExtractAudioFromAvi JoinerF -sep5 Quitter";
-    QTest::addRow("the menu of the player") << "ControlAudio" << "PlayPiste EnPause Stoplecture -Sep1 Rew1Sec Fwd1Sec";
-    QTest::addRow("the menu of cut points") << "MenuCutPoint" << "SetCutPoint";
-    QTest::addRow("the menu of the part") << "popup1" << "PlaythisPart -Sep DeleteEntryCutPoint -sep2 SavePartMP3 "
-                                                         "SavePartOgg SavePartWMA SavePartWav -Sep15 Saveselec";
-    QTest::addRow("the menu of formats") << "OutputMenu" << "SelecMP3 selecOgg SelecWma SelecWav -Sep10 SelecFormatConfig";
-    QTest::addRow("the menu of languages") << "Language" << "English Francais spanish portugais";
-    QTest::addRow("the last menu") << "infos" << "Help Homepage -sep12 about";
+    QTest::addRow("the file menu") << "Fichier"
+                                   << "OpenAudioFile CloseAudioFile -sep11 SaveAllParts -Sep6 "
+                                      "ExtractAudioFromAvi JoinerF -sep5 Quitter";
+    QTest::addRow("the menu of the player") << "ControlAudio"
+                                            << "PlayPiste EnPause Stoplecture -Sep1 Rew1Sec Fwd1Sec";
+    QTest::addRow("the menu of cut points") << "MenuCutPoint"
+                                            << "SetCutPoint";
+    QTest::addRow("the menu of the part") << "popup1"
+                                          << "PlaythisPart -Sep DeleteEntryCutPoint -sep2 SavePartMP3 "
+                                             "SavePartOgg SavePartWMA SavePartWav -Sep15 Saveselec";
+    QTest::addRow("the menu of formats") << "OutputMenu"
+                                         << "SelecMP3 selecOgg SelecWma SelecWav -Sep10 SelecFormatConfig";
+    QTest::addRow("the menu of languages") << "Language"
+                                           << "English Francais spanish portugais";
+    QTest::addRow("the last menu") << "infos"
+                                   << "Help Homepage -sep12 about";
 }
 
 void win_commands::theMenusHoldTheirEntriesInOrder()
@@ -275,17 +285,22 @@ void win_commands::theMenusStandInOrder()
     FormFixture fixture;
     auto& form = fixture.load();
     QStringList names;
-    for (const QAction* menu : form.menuBar.actions()) names << menu->menu()->objectName();
-    QCOMPARE(names, (QStringList{"Fichier", "ControlAudio", "MenuCutPoint", "popup1", "OutputMenu", "Language", "infos"}));
+    for (const QAction* menu : form.CutterSelectControls::menuBar.actions())
+        names << menu->menu()->objectName();
+    QCOMPARE(names, (QStringList{"Fichier", "ControlAudio", "MenuCutPoint", "popup1", "OutputMenu",
+                                 "Language", "infos"}));
 }
 
 void win_commands::aTabShowsItsPanel_data()
 {
     QTest::addColumn<QString>("pressed");
     QTest::addColumn<QString>("shown");
-    for (const char* name : {"Image24", "Image4", "Label7"}) QTest::addRow("%s shows the output", name) << name << "PicOutput";
-    for (const char* name : {"Image22", "Image5", "Label6"}) QTest::addRow("%s shows the tags", name) << name << "PicTag";
-    for (const char* name : {"Image23", "Image7", "Label5"}) QTest::addRow("%s shows the parts", name) << name << "ListView1";
+    for (const char* name : {"Image24", "Image4", "Label7"})
+        QTest::addRow("%s shows the output", name) << name << "PicOutput";
+    for (const char* name : {"Image22", "Image5", "Label6"})
+        QTest::addRow("%s shows the tags", name) << name << "PicTag";
+    for (const char* name : {"Image23", "Image7", "Label5"})
+        QTest::addRow("%s shows the parts", name) << name << "ListView1";
 }
 
 void win_commands::aTabShowsItsPanel()

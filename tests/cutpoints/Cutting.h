@@ -1,13 +1,14 @@
-// Ground for the tests of cutting: a sound that has a hundred samples to a twip, and a pointer that stands on any twip.
+// Ground for the tests of cutting: a sound that has a hundred samples to a twip, and a pointer that stands on
+// any twip.
 #pragma once
 
 #include "support/FormFixture.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMouseEvent>
 #include <QTest>
 
-inline constexpr std::int32_t songLength = 1042000;    ///< samples; the waveform is 10420 twips wide
+inline constexpr std::int32_t songLength = 1042000; ///< samples; the waveform is 10420 twips wide
 inline constexpr std::int32_t samplesPerTwip = 100;
 
 /// Heights on the waveform, twips.
@@ -25,7 +26,7 @@ inline void mouse(QWidget& on, QEvent::Type type, double x, double y, Qt::MouseB
 {
     const QPointF at(x / twipsPerPixel, y / twipsPerPixel);
     QMouseEvent event(type, at, on.mapToGlobal(at), button, held, Qt::NoModifier);
-    QCoreApplication::sendEvent(&on, &event);
+    QApplication::sendEvent(&on, &event);
 }
 
 inline void pressAt(QWidget& on, double x, double y, Qt::MouseButton button = Qt::LeftButton)
@@ -56,6 +57,22 @@ inline void doubleClickAt(QWidget& on, double x, double y)
     releaseAt(on, x, y);
 }
 
+inline constexpr double insideHandle = 20; ///< twips from the corner of a handle
+
+/// Presses on a handle of the waveform, `insideHandle` from its corner.
+inline void pressHandle(CutterSelect& form, int index, Qt::MouseButton button = Qt::LeftButton)
+{
+    const auto& handle = form.Bop(index);
+    pressAt(form.Picture1, handle.Left() + insideHandle, handle.Top() + insideHandle, button);
+}
+
+/// Makes the form the active window; a progress dialog that has gone may have been it.
+inline void activate(CutterSelect& form)
+{
+    form.activateWindow();
+    QVERIFY(QTest::qWaitFor([&] { return QApplication::activeWindow() == &form; }));
+}
+
 /// A form with the song open, cut at these samples.
 struct Cutting {
     FormFixture fixture;
@@ -82,7 +99,10 @@ struct Cutting {
         QTest::keyClicks(&form.TextTitle, text);
     }
 
-    std::vector<std::int32_t> cuts() const { return {CutPoints.begin() + 1, CutPoints.begin() + 1 + CutCount}; }
+    std::vector<std::int32_t> cuts() const
+    {
+        return {CutPoints.begin() + 1, CutPoints.begin() + 1 + CutCount};
+    }
 
     QStringList column(PartsListView::Column column) const
     {
@@ -102,9 +122,10 @@ struct Cutting {
 
     bool isDetailPanelCleared() const
     {
-        return form.Label11.text().isEmpty() && form.TextTitle.text().isEmpty() && !form.TextTitle.isEnabled() &&
-            form.Text1.text() == QLatin1String("00:00.00") && form.Text2.text() == QLatin1String("00:00.00") &&
-            form.Label16.text() == QLatin1String("00:00.00") && !form.PlaythisPart.isEnabled();
+        return form.Label11.text().isEmpty() && form.TextTitle.text().isEmpty() &&
+               !form.TextTitle.isEnabled() && form.Text1.text() == QLatin1String("00:00.00") &&
+               form.Text2.text() == QLatin1String("00:00.00") &&
+               form.Label16.text() == QLatin1String("00:00.00") && !form.PlaythisPart.isEnabled();
     }
 };
 

@@ -51,7 +51,8 @@ void tst_boundary_rules::aStartGoesEarlier_data()
         << QList<int>{10000, 10741} << 3 << 10441;
     QTest::addRow("not at all at its limit") << QList<int>{10000, 10441} << 3 << 10441;
     QTest::addRow("back to its limit where it stands too near") << QList<int>{10000, 10100} << 3 << 10441;
-    QTest::addRow("of the second part to a step after the file's start") << QList<int>{600, 20000} << 2 << 441;
+    QTest::addRow("of the second part to a step after the file's start")
+        << QList<int>{600, 20000} << 2 << 441;
     QTest::addRow("of the second part away from the file's start") << QList<int>{100, 20000} << 2 << 441;
 }
 
@@ -71,7 +72,8 @@ void tst_boundary_rules::aStartGoesLater_data()
     QTest::addRow("to a step before the next cut") << QList<int>{10000, 10800} << 2 << 10359;
     QTest::addRow("back to its limit where it stands too near") << QList<int>{10000, 10100} << 2 << 9659;
     QTest::addRow("of the last part by a step") << QList<int>{10000, 20000} << 3 << 20441;
-    QTest::addRow("of the last part to a step before the file's end") << QList<int>{10000, 999400} << 3 << 999559;
+    QTest::addRow("of the last part to a step before the file's end")
+        << QList<int>{10000, 999400} << 3 << 999559;
     QTest::addRow("of the last part not at all at its limit") << QList<int>{10000, 999559} << 3 << 999559;
 }
 
@@ -106,10 +108,13 @@ void tst_boundary_rules::anEndGoesLater_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("to");
     QTest::addRow("by a step where there is room") << QList<int>{10000, 20000} << 1 << 10441;
-    QTest::addRow("past the next cut where that is nearer than a step") << QList<int>{10000, 10100} << 1 << 10441;
+    QTest::addRow("past the next cut where that is nearer than a step")
+        << QList<int>{10000, 10100} << 1 << 10441;
     QTest::addRow("of the part before the last by a step") << QList<int>{10000, 20000} << 2 << 20441;
-    QTest::addRow("of the part before the last to a step before the file's end") << QList<int>{10000, 999400} << 2 << 999559;
-    QTest::addRow("of the first of two parts to a step before the file's end") << QList<int>{999900} << 1 << 999559;
+    QTest::addRow("of the part before the last to a step before the file's end")
+        << QList<int>{10000, 999400} << 2 << 999559;
+    QTest::addRow("of the first of two parts to a step before the file's end")
+        << QList<int>{999900} << 1 << 999559;
 }
 
 void tst_boundary_rules::anEndGoesLater()
@@ -166,7 +171,8 @@ void tst_boundary_rules::aHandleStaysWithinItsLimits_data()
     QTest::addRow("above the upper one it stands there") << 950.f << 100.f << 900.4f << 900;
     QTest::addRow("on the upper one it stands there") << 900.f << 100.f << 900.f << 900;
     QTest::addRow("below the lower one it stands there") << 50.f << 100.6f << 900.f << 101;
-    QTest::addRow("where the limits have passed each other the upper one counts first") << 500.f << 600.f << 400.f << 400;
+    QTest::addRow("where the limits have passed each other the upper one counts first")
+        << 500.f << 600.f << 400.f << 400;
     QTest::addRow("and the lower one below it") << 300.f << 600.f << 400.f << 600;
 }
 

@@ -38,10 +38,7 @@ void exchangeSort(Table& cuts, std::int32_t count)
     }
 }
 
-QString T(std::int32_t sample)
-{
-    return FormatSeconds(SampleToSecondeD(sample, 44100));
-}
+QString T(std::int32_t sample) { return FormatSeconds(SampleToSecondeD(sample, 44100)); }
 
 std::vector<PartRecord> partsAt(std::initializer_list<std::pair<const char*, std::int32_t>> records)
 {
@@ -87,7 +84,8 @@ void tst_cut_rules::sortingEqualsPlainExchanging()
     for (int run = 0; run < 200; ++run) {
         const auto count = static_cast<std::int32_t>(random() % 101);
         Table mine{};
-        for (std::int32_t i = 1; i <= count; ++i) mine.at(static_cast<std::size_t>(i)) = static_cast<std::int32_t>(random() % 50);
+        for (std::int32_t i = 1; i <= count; ++i)
+            mine.at(static_cast<std::size_t>(i)) = static_cast<std::int32_t>(random() % 50);
         Table plain = mine;
         sortCuts(mine, count);
         exchangeSort(plain, count);
@@ -142,7 +140,8 @@ void tst_cut_rules::thePartAtAPositionOfTwoEqualCuts()
     QCOMPARE(partAt(3000, tableOf({300000, 300000, 500000}), 3, width, total), 2);
 }
 
-// A sample whose place rounds up in single precision: a pointer that was read from that place is not before it.
+// A sample whose place rounds up in single precision: a pointer that was read from that place is not before
+// it.
 void tst_cut_rules::aPositionIsComparedInSinglePrecision()
 {
     for (std::int32_t sample = 1; sample < 1000003; sample += 7919) {
@@ -195,7 +194,8 @@ void tst_cut_rules::takingARecordOut_data()
 {
     QTest::addColumn<int>("sample");
     QTest::addColumn<QStringList>("left");
-    QTest::addRow("the record goes by its sample, not by its place") << 10 << QStringList{"first", "thirty", "twenty"};
+    QTest::addRow("the record goes by its sample, not by its place")
+        << 10 << QStringList{"first", "thirty", "twenty"};
     QTest::addRow("the record created first") << 30 << QStringList{"first", "ten", "twenty"};
     QTest::addRow("the last record only falls off") << 20 << QStringList{"first", "thirty", "ten"};
     QTest::addRow("an unknown sample takes the first record") << 99 << QStringList{"thirty", "ten", "twenty"};
@@ -279,13 +279,17 @@ void tst_cut_rules::rowsFollowTheirFormulas()
     const auto c = [&](int i) { return cuts.at(static_cast<std::size_t>(i)); };
     QCOMPARE(rows.front(), (PartRow{"Part.01", T(0), T(c(1) - 1), T(c(1) - 1), "title 0", "0"}));
     for (int r = 2; r <= count; ++r) {
-        const PartRow expected{QStringLiteral("Part.%1").arg(r, 2, 10, QLatin1Char('0')), T(c(r - 1)), T(c(r) - 1),
-                               T(c(r) - 1 - c(r - 1)), QStringLiteral("title %1").arg(r - 1), QString::number(c(r - 1))};
+        const PartRow expected{QStringLiteral("Part.%1").arg(r, 2, 10, QLatin1Char('0')),
+                               T(c(r - 1)),
+                               T(c(r) - 1),
+                               T(c(r) - 1 - c(r - 1)),
+                               QStringLiteral("title %1").arg(r - 1),
+                               QString::number(c(r - 1))};
         QCOMPARE(rows.at(static_cast<std::size_t>(r - 1)), expected);
     }
     const QString last = QStringLiteral("Part.%1").arg(count + 1, 2, 10, QLatin1Char('0'));
-    QCOMPARE(rows.back(), (PartRow{last, T(c(count)), T(total), T(total - c(count)), QStringLiteral("title %1").arg(count),
-                                   QString::number(c(count))}));
+    QCOMPARE(rows.back(), (PartRow{last, T(c(count)), T(total), T(total - c(count)),
+                                   QStringLiteral("title %1").arg(count), QString::number(c(count))}));
 }
 
 void tst_cut_rules::aPartWithoutSamplesEndsBeforeItStarts()
@@ -298,14 +302,16 @@ void tst_cut_rules::aPartWithoutSamplesEndsBeforeItStarts()
 
 void tst_cut_rules::ofTwoRecordsAtOneSampleTheLastTitleShowsOnBothRows()
 {
-    const auto rows = partRows(tableOf({500, 500}), 2, 1000, 100, partsAt({{"", 0}, {"older", 500}, {"newer", 500}}));
+    const auto rows =
+        partRows(tableOf({500, 500}), 2, 1000, 100, partsAt({{"", 0}, {"older", 500}, {"newer", 500}}));
     QCOMPARE(rows.at(1).title, QString("newer"));
     QCOMPARE(rows.at(2).title, QString("newer"));
 }
 
 void tst_cut_rules::recordsBehindTheCutsAreNotRead()
 {
-    const auto rows = partRows(tableOf({500}), 1, 1000, 100, partsAt({{"first", 0}, {"second", 500}, {"", 0}}));
+    const auto rows =
+        partRows(tableOf({500}), 1, 1000, 100, partsAt({{"first", 0}, {"second", 500}, {"", 0}}));
     QCOMPARE(rows.at(0).title, QString("first"));
 }
 

@@ -1,14 +1,12 @@
-// The Ogg Vorbis settings dialog: its fixed start, its rules, what Apply stores and asks of the writer.
+// The Ogg Vorbis settings dialog: what Apply stores and asks of the writer, refusals, and the ways out.
 #include "encoders/EncoderFixtures.h"
 
 class win_ogg_settings : public QObject {
     Q_OBJECT
 private slots:
-    void theStoredQualityDoesNotShow();
     void okWithNothingChangedStoresTheDefaults();
     void okWithNothingChangedSets128();
     void qualityGoesInWithoutACheck();
-    void switchingVbrOffTakesTheQualityFrameAway();
     void aRefusalShowsAMessageAndStaysUp();
     void aRefusalLeavesTheWriterAndStoresTheKeys();
     void aRefusalLeavesTheFormatLine();
@@ -21,24 +19,11 @@ private slots:
     void monoIsOneChannel();
     void theRateOfTheRowIsStored();
 
-    void aSliderNamesItsBitrate_data();
-    void aSliderNamesItsBitrate();
-    void theQualityPopUpIsTheHundredthPart();
-    void theQualityMovesBySingleSteps();
-    void thePageKeyMovesABitrateByTwo();
-    void openingEnables();
-    void qualityOnEnables();
-    void qualityOffEnablesAgain();
-    void vbrOnEnables();
-
     void cancelDoesNothing();
     void escapeIsCancel();
     void returnIsOk();
     void applyStaysUp();
-    void aRateWithoutARowIsAFault();
-    void theRateAndChannelsOfTheFormArePreselected();
     void theJoinerGetsItsOwnWriterAndText();
-    void callerModeTellsTheCaller();
 };
 
 using namespace hand;
@@ -60,21 +45,6 @@ QList<bool> reach(std::initializer_list<QWidget*> controls)
     return enabled;
 }
 
-}
-
-void win_ogg_settings::theStoredQualityDoesNotShow()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& dialog) {
-        click(dialog.chQuality);
-        press(dialog.sldrQuality, Qt::Key_Right, 400);
-        click(dialog.cmdOk);
-    });
-    QCOMPARE(desk.stored("OGG", "5"), QString("700"));
-    desk.openOgg([](frmOgg& dialog) {
-        QCOMPARE(dialog.sldrQuality.value(), 300);
-        QVERIFY(!dialog.chQuality.isChecked() && !dialog.chVbr.isChecked());
-    });
 }
 
 void win_ogg_settings::okWithNothingChangedStoresTheDefaults()
@@ -103,20 +73,6 @@ void win_ogg_settings::qualityGoesInWithoutACheck()
     });
     QCOMPARE(desk.writer->calls, QStringList{"SetFormatOggVorbis 44100 2 128 0 0 310"});
     QCOMPARE(storedKeys(desk), (QStringList{"1", "0", "44100", "2", "310", "128", "128"}));
-}
-
-void win_ogg_settings::switchingVbrOffTakesTheQualityFrameAway()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& dialog) {
-        dialog.frmQuality.setEnabled(true);
-        click(dialog.chVbr);
-        QVERIFY(dialog.frmQuality.isEnabled());
-        click(dialog.chVbr);
-        QVERIFY(!dialog.frmQuality.isEnabled());
-        click(dialog.chQuality);
-        QVERIFY(dialog.frmQuality.isEnabled() && dialog.sldrQuality.isEnabled());
-    });
 }
 
 void win_ogg_settings::aRefusalShowsAMessageAndStaysUp()
@@ -231,113 +187,6 @@ void win_ogg_settings::theRateOfTheRowIsStored()
     QCOMPARE(desk.stored("OGG", "3"), QString("22050"));
 }
 
-void win_ogg_settings::aSliderNamesItsBitrate_data()
-{
-    QTest::addColumn<int>("slider");
-    QTest::addColumn<QString>("caption");
-    QTest::addRow("nominal") << 0 << "Current nominal bitrate: 320 kbit";
-    QTest::addRow("minimum") << 1 << "Current min bitrate: 320 kbit";
-    QTest::addRow("maximum") << 2 << "Current max bitrate: 320 kbit";
-}
-
-void win_ogg_settings::aSliderNamesItsBitrate()
-{
-    QFETCH(int, slider);
-    QFETCH(QString, caption);
-    Desk desk;
-    desk.openOgg([=](frmOgg& d) {
-        click(d.chVbr);
-        SettingsSlider* const sliders[] = {&d.sldrBitrate, &d.sldrMinBitrate, &d.sldrMaxBitrate};
-        Label* const labels[] = {&d.lblBitrate, &d.lblMinBitrate, &d.lblMaxBitrate};
-        QCOMPARE(labels[slider]->text(), QString(caption).replace("320", "128"));
-        press(*sliders[slider], Qt::Key_End);
-        QCOMPARE(labels[slider]->text(), caption);
-        QCOMPARE(sliders[slider]->toolTip(), QString("320"));
-    });
-}
-
-void win_ogg_settings::theQualityPopUpIsTheHundredthPart()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& dialog) {
-        click(dialog.chQuality);
-        press(dialog.sldrQuality, Qt::Key_Right, 5);
-        QCOMPARE(dialog.sldrQuality.toolTip(), QString(" 3.05"));
-        QCOMPARE(dialog.Quality, std::int16_t(305));
-    });
-}
-
-void win_ogg_settings::theQualityMovesBySingleSteps()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& dialog) {
-        click(dialog.chQuality);
-        press(dialog.sldrQuality, Qt::Key_PageUp);
-        QCOMPARE(dialog.sldrQuality.value(), 301);
-        QCOMPARE(dialog.sldrQuality.tickInterval(), 100);
-    });
-}
-
-void win_ogg_settings::thePageKeyMovesABitrateByTwo()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& dialog) {
-        press(dialog.sldrBitrate, Qt::Key_PageDown);
-        QCOMPARE(dialog.Bitrate, std::int16_t(96));
-    });
-}
-
-void win_ogg_settings::openingEnables()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& d) {
-        QCOMPARE(reach({&d.chQuality, &d.chVbr, &d.lblBitrate, &d.sldrBitrate}), QList<bool>(4, true));
-        QCOMPARE(reach({&d.frmVbr, &d.sldrMinBitrate, &d.sldrMaxBitrate, &d.lblMinBitrate, &d.lblMaxBitrate,
-                        &d.frmQuality, &d.sldrQuality}),
-                 QList<bool>(7, false));
-    });
-}
-
-void win_ogg_settings::qualityOnEnables()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& d) {
-        click(d.chVbr);
-        click(d.chQuality);
-        QCOMPARE(reach({&d.chVbr, &d.frmVbr, &d.sldrBitrate, &d.sldrMinBitrate, &d.sldrMaxBitrate,
-                        &d.lblBitrate, &d.lblMinBitrate, &d.lblMaxBitrate}),
-                 QList<bool>(8, false));
-        QCOMPARE(reach({&d.frmQuality, &d.sldrQuality}), QList<bool>(2, true));
-        QVERIFY(d.QualityEnabled);
-    });
-}
-
-void win_ogg_settings::qualityOffEnablesAgain()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& d) {
-        click(d.chVbr);
-        click(d.chQuality);
-        click(d.chQuality);
-        QCOMPARE(reach({&d.chVbr, &d.frmVbr, &d.sldrBitrate, &d.sldrMinBitrate, &d.sldrMaxBitrate,
-                        &d.lblBitrate, &d.lblMinBitrate, &d.lblMaxBitrate}),
-                 QList<bool>(8, true));
-        QVERIFY(!d.sldrQuality.isEnabled());
-        QVERIFY(!d.QualityEnabled && d.VbrEnabled);
-    });
-}
-
-void win_ogg_settings::vbrOnEnables()
-{
-    Desk desk;
-    desk.openOgg([](frmOgg& d) {
-        click(d.chVbr);
-        QCOMPARE(reach({&d.frmVbr, &d.sldrMinBitrate, &d.sldrMaxBitrate, &d.lblMinBitrate, &d.lblMaxBitrate}),
-                 QList<bool>(5, true));
-        QVERIFY(d.VbrEnabled);
-    });
-}
-
 void win_ogg_settings::cancelDoesNothing()
 {
     Desk desk;
@@ -379,24 +228,6 @@ void win_ogg_settings::applyStaysUp()
     });
 }
 
-void win_ogg_settings::aRateWithoutARowIsAFault()
-{
-    Desk desk;
-    desk.form.Frequency = 96000;
-    QVERIFY_THROWS_EXCEPTION(ConversionError, OggSettingsForm->loadMain(desk.form));
-}
-
-void win_ogg_settings::theRateAndChannelsOfTheFormArePreselected()
-{
-    Desk desk;
-    desk.form.Frequency = 48000;
-    desk.form.Channels = 1;
-    desk.openOgg([](frmOgg& dialog) {
-        QCOMPARE(dialog.cmbFrequency.currentText(), QString("48 000 Hz"));
-        QCOMPARE(dialog.cmbChMode.currentText(), QString("Mono"));
-    });
-}
-
 void win_ogg_settings::theJoinerGetsItsOwnWriterAndText()
 {
     Desk desk;
@@ -408,15 +239,6 @@ void win_ogg_settings::theJoinerGetsItsOwnWriterAndText()
     QCOMPARE(joinerWriter.calls.last(), QString("SetFormatOggVorbis 32000 1 128 0 0 -1"));
     QCOMPARE(shown, QString("Ogg 128 -1"));
     QVERIFY(desk.writer->calls.isEmpty());
-}
-
-void win_ogg_settings::callerModeTellsTheCaller()
-{
-    Desk desk;
-    OggSettingsForm->loadMain(desk.form);
-    QCOMPARE(OggSettingsForm->CallerMode, 3);
-    OggSettingsForm->loadaudiojoiner({&desk.form, *desk.writer, [](const QString&) {}}, 44100, 2);
-    QCOMPARE(OggSettingsForm->CallerMode, 6);
 }
 
 QTEST_MAIN(win_ogg_settings)

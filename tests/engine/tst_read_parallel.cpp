@@ -34,13 +34,13 @@ static SampleArray drain(BlockSource& source)
 
 static SampleArray inBatches(const CompressedFile& file, int threads, std::size_t packets)
 {
-    PacketBatchDecoder decoder(file.file, file.stream, file.codec, {threads, packets});
+    PacketBatchDecoder decoder(openPackets(file), file.codec, {threads, packets});
     return drain(decoder);
 }
 
 static SampleArray inOnePass(const CompressedFile& file)
 {
-    FfmpegDecoder decoder(file.file, file.stream, file.codec);
+    FfmpegDecoder decoder(openPackets(file), file.codec);
     return drain(decoder);
 }
 
@@ -105,7 +105,7 @@ void tst_read_parallel::theFormsOfTheBlocksFollowTheFile()
     files_.run("lame --quiet low.wav low.mp3");
     files_.put("forms.mp3", files_.get("a.mp3") + files_.get("low.mp3"));
     const CompressedFile file = inspect(files_.path("forms.mp3"));
-    PacketBatchDecoder decoder(file.file, file.stream, file.codec, {2, 50});
+    PacketBatchDecoder decoder(openPackets(file), file.codec, {2, 50});
     std::vector<SoundFormat> forms;
     for (Block block; decoder.next(block);) forms.push_back(block.format);
     QCOMPARE(forms.front(), (SoundFormat{44100, 2}));
@@ -116,7 +116,7 @@ void tst_read_parallel::aPassCanBeGivenUpAtAnyBlock()
 {
     const CompressedFile file = inspect(files_.make("oggenc -Q a.wav -o given.ogg"));
     for (int blocks = 0; blocks < 12; ++blocks) {
-        PacketBatchDecoder decoder(file.file, file.stream, file.codec, {3, 11});
+        PacketBatchDecoder decoder(openPackets(file), file.codec, {3, 11});
         Block block;
         for (int i = 0; i < blocks; ++i) QVERIFY(decoder.next(block));
     }

@@ -29,7 +29,8 @@ void tst_playback_rules::nextArrays_data()
     QTest::addRow("one sample too few for a whole array") << 1 << 100000 << 99999;
     QTest::addRow("a short part is one array") << 0 << 99999 << 99999;
     QTest::addRow("nothing once all is fed") << 250000 << 250000 << 0;
-    QTest::addRow("a part at the end of the numbers") << 2147480000 << std::numeric_limits<int>::max() << 3647;
+    QTest::addRow("a part at the end of the numbers")
+        << 2147480000 << std::numeric_limits<int>::max() << 3647;
 }
 
 void tst_playback_rules::nextArrays()

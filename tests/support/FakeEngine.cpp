@@ -44,12 +44,19 @@ public:
 
     void SetWmaEnabled(bool on) override { call("SetWmaEnabled", on ? QStringLiteral("True") : QStringLiteral("False")); }
     void Open(const QString& path) override;
-    bool IsClosed() const override { return !reading_; }
+    bool IsClosed() const override
+    {
+        refuse("IsClosed");
+        return !reading_;
+    }
     std::int32_t GetTotalSamples() const override;
     std::int32_t GetSampleRate() const override { return query("GetSampleRate", sound_.rate); }
     std::int32_t GetOutputRate() const override { return query("GetOutputRate", sound_.rate); }
     std::int32_t GetChannels() const override { return query("GetChannels", sound_.channels); }
-    std::int32_t GetReadChannels() const override { return query("GetReadChannels", std::max(1, sound_.channels)); }
+    std::int32_t GetReadChannels() const override
+    {
+        return query("GetReadChannels", engine_.readChannels > 0 ? engine_.readChannels : std::max(1, sound_.channels));
+    }
     std::int32_t GetDurationMs() const override { return 0; }
     SampleArray ReadArray(std::int32_t count) override;
     std::int32_t Seek(std::int32_t position) override;
@@ -70,12 +77,17 @@ public:
     void SetInputFormat(std::int32_t r, std::int32_t c) override;
     void Create(const QString& path) override;
     void WriteArray(const SampleArray& samples) override;
-    QString FormatString() const override { return reading_ ? sound_.format : format_; }
+    QString FormatString() const override
+    {
+        refuse("FormatString");
+        return reading_ ? sound_.format : format_;
+    }
     void Close() override;
 
 private:
     void call(const char* what, const QString& arguments = {}) const { engine_.call(name_ + QLatin1Char('.') + QLatin1String(what), arguments); }
     std::int32_t query(const char* what, std::int32_t value) const;
+    void refuse(const char* what) const;    // throws where the question is to fail
     void setFormat(const char* what, const QString& arguments, const QString& text);
 
     FakeEngine& engine_;
@@ -88,10 +100,15 @@ private:
 
 std::int32_t FakeFile::query(const char* what, std::int32_t value) const
 {
-    const QString name = name_ + QLatin1Char('.') + QLatin1String(what);
-    journal().query(name);
-    if (engine_.failing.contains(name)) throw EngineError(name + QStringLiteral(" fails"));
+    journal().query(name_ + QLatin1Char('.') + QLatin1String(what));
+    refuse(what);
     return value;
+}
+
+void FakeFile::refuse(const char* what) const
+{
+    const QString name = name_ + QLatin1Char('.') + QLatin1String(what);
+    if (engine_.failing.contains(name)) throw EngineError(name + QStringLiteral(" fails"));
 }
 
 std::int32_t FakeFile::GetTotalSamples() const

@@ -32,6 +32,7 @@ public:
     QMap<QString, int> failAfter;     ///< calls that throw after so many successes
     bool deviceFails = false;         ///< the player's `GetFailed`
     FakePlayer* player = nullptr;     ///< the player made last
+    std::int32_t readChannels = 0;    ///< answer of `GetReadChannels` where it is not the sound's own
     bool oggAccepts = true;           ///< answer of `IsFormatOggVorbisAvailable`
 
     std::unique_ptr<AudioFile> makeFile() override;

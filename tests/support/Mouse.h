@@ -8,7 +8,8 @@
 #include <QTest>
 
 /// One mouse event at a place of a widget, in logical pixels. `held` are the buttons down after it.
-inline void sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held)
+inline void sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseButton button,
+                      Qt::MouseButtons held)
 {
     QMouseEvent event(type, at, widget.mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);

@@ -1,0 +1,363 @@
+// The keyboard: shortcuts, what a text field keeps for itself, the tab order, and that one sees where the
+// focus is.
+#include "core/toolkit/Application.h"
+#include "support/FormFixture.h"
+
+#include <QTest>
+
+#include <vector>
+
+namespace {
+
+/// Makes the form the active window; a progress dialog that has gone may have been it.
+void activate(CutterSelect& form)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form.activateWindow();
+    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == &form; }))
+        qFatal("the window stays inactive");
+}
+
+/// A form with three parts, the middle one selected, so that every control is enabled.
+CutterSelect& formWithPart(FormFixture& fixture)
+{
+    fixture.writeSetting("WMA", "WMASUPPORT", "True");
+    auto& form = fixture.open(fakeSound(44100 * 10), {44100, 88200});
+    fixture.pressBarOfRow(2);
+    activate(form);
+    journal().clear();
+    return form;
+}
+
+std::vector<MenuEntry*> entriesWithShortcut(const CutterSelect& form)
+{
+    std::vector<MenuEntry*> entries;
+    for (MenuEntry* entry : form.findChildren<MenuEntry*>())
+        if (!entry->shortcut().isEmpty()) entries.push_back(entry);
+    return entries;
+}
+
+/// Counts which entries are triggered, in place of running them.
+class Triggers {
+public:
+    explicit Triggers(CutterSelect& form)
+    {
+        for (MenuEntry* entry : entriesWithShortcut(form)) {
+            QObject::disconnect(entry, &QAction::triggered, &form, nullptr);
+            QObject::connect(entry, &QAction::triggered, entry,
+                             [this, entry] { names << entry->objectName(); });
+        }
+    }
+    QStringList names;
+};
+
+void typeShortcut(QWidget& focus, const QKeySequence& keys)
+{
+    const QKeyCombination first = keys[0];
+    QTest::keyClick(&focus, first.key(), first.keyboardModifiers());
+}
+
+QStringList tabRing(CutterSelect& form)
+{
+    form.Picture1.setFocus();
+    QStringList names;
+    do {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        names << QApplication::focusWidget()->objectName();
+    } while (QApplication::focusWidget() != &form.Picture1 && names.size() < 100);
+    return names;
+}
+
+}
+
+class win_keyboard : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyShortcutIsThereOnce();
+    void everyShortcutWorksFromTheWaveform();
+    void everyShortcutWorksFromTheList();
+    void everyShortcutWorksFromAButton();
+    void aFormatThatIsOffHasNoShortcut();
+    void noShortcutFiresInATextField_data();
+    void noShortcutFiresInATextField();
+    void spaceAndDeleteEditTheTitle();
+    void noShortcutFiresInTheListOfGenres();
+    void spacePlaysAndPauses();
+    void spaceOnAButtonPressesIt();
+    void spaceOnAToolPressesIt();
+    void theTabKeyFollowsTheEye_data();
+    void theTabKeyFollowsTheEye();
+    void theTabKeyGoesBackTheSameWay();
+    void theTabKeyPassesOverCoveredPanelsAtTheStart();
+    void theFocusIsSeen_data();
+    void theFocusIsSeen();
+    void theFocusComesBackAfterALongJob();
+    void theWaveformTakesTheFocusOfAFieldThatIsOff();
+    void theWaveformHasTheFocusFromTheStart();
+};
+
+void win_keyboard::everyShortcutIsThereOnce()
+{
+    FormFixture fixture;
+    auto& form = fixture.load();
+    QStringList keys{"Space"};
+    for (const MenuEntry* entry : entriesWithShortcut(form)) keys << entry->shortcut().toString();
+    keys.sort();
+    QStringList once = keys;
+    once.removeDuplicates();
+    QCOMPARE(keys, once);
+}
+
+static void compareTriggers(CutterSelect& form, QWidget& focus)
+{
+    Triggers triggers(form);
+    QStringList expected;
+    focus.setFocus(Qt::TabFocusReason);
+    QVERIFY(focus.hasFocus());
+    for (const MenuEntry* entry : entriesWithShortcut(form)) {
+        expected << entry->objectName();
+        typeShortcut(focus, entry->shortcut());
+    }
+    QCOMPARE(triggers.names, expected);
+}
+
+void win_keyboard::everyShortcutWorksFromTheWaveform()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    compareTriggers(form, form.Picture1);
+}
+
+void win_keyboard::everyShortcutWorksFromTheList()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    compareTriggers(form, form.ListView1);
+}
+
+void win_keyboard::everyShortcutWorksFromAButton()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    compareTriggers(form, form.Image9);
+}
+
+void win_keyboard::aFormatThatIsOffHasNoShortcut()
+{
+    FormFixture fixture;
+    auto& form = fixture.load();
+    activate(form);
+    Triggers triggers(form);
+    typeShortcut(form.Picture1, form.SelecWma.shortcut());
+    typeShortcut(form.Picture1, form.SelecWav.shortcut());
+    QCOMPARE(triggers.names, QStringList{"SelecWav"});
+}
+
+void win_keyboard::noShortcutFiresInATextField_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char* field :
+         {"TextTitle", "Text1", "Text2", "infoArtist", "infoAlbum", "infoComment", "infoYear"})
+        QTest::addRow("%s", field) << field;
+}
+
+void win_keyboard::noShortcutFiresInATextField()
+{
+    QFETCH(QString, field);
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    if (field.startsWith("info")) form.Image22_Click();
+    auto& edit = *form.findChild<QLineEdit*>(field);
+    edit.setFocus();
+    QVERIFY(edit.hasFocus());
+    Triggers triggers(form);
+    for (const MenuEntry* entry : entriesWithShortcut(form)) typeShortcut(edit, entry->shortcut());
+    QTest::keyClick(&edit, Qt::Key_Space);
+    QCOMPARE(triggers.names, QStringList());
+    QCOMPARE(journal().commands(), QStringList());
+}
+
+void win_keyboard::spaceAndDeleteEditTheTitle()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.TextTitle.setFocus();
+    QTest::keyClicks(&form.TextTitle, "one two");
+    QTest::keyClick(&form.TextTitle, Qt::Key_Home);
+    QTest::keyClick(&form.TextTitle, Qt::Key_Delete);
+    QCOMPARE(form.TextTitle.text(), "ne two");
+    QCOMPARE(form.ListView1.cell(2, PartsListView::Title), "ne two");
+    QCOMPARE(CutCount, 2);
+    QVERIFY(!form.IsPlaying);
+}
+
+void win_keyboard::noShortcutFiresInTheListOfGenres()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.Image22_Click();
+    form.infoGenre.setFocus();
+    Triggers triggers(form);
+    QTest::keyClick(&form.infoGenre, Qt::Key_Delete);
+    QTest::keyClick(&form.infoGenre, Qt::Key_K, Qt::ControlModifier);
+    QCOMPARE(triggers.names, QStringList());
+}
+
+void win_keyboard::spacePlaysAndPauses()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.Picture1.setFocus();
+    QTest::keyClick(&form.Picture1, Qt::Key_Space);
+    QVERIFY(form.IsPlaying && form.PlayWhole);
+    QTest::keyClick(&form.Picture1, Qt::Key_Space);
+    QVERIFY(!form.IsPlaying);
+}
+
+void win_keyboard::spaceOnAButtonPressesIt()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.Image13.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&form.Image13, Qt::Key_Space);
+    QCOMPARE(form.ToolMode, 2);
+    QVERIFY(!form.IsPlaying);
+    QCOMPARE(journal().commands(), QStringList());
+}
+
+void win_keyboard::spaceOnAToolPressesIt()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    QWidget& zoom = *form.Toolbar1.widgetForAction(&form.Toolbar1.Buttons(4));
+    zoom.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&zoom, Qt::Key_Space);
+    QCOMPARE(form.ZoomLevel, 1);
+    QVERIFY(!form.IsPlaying);
+}
+
+static const QStringList ringAboveThePanels{
+    "Toolbar1(1)",  "Toolbar1(2)",  "Toolbar1(4)",  "Toolbar1(8)",  "Toolbar1(10)", "Toolbar1(11)",
+    "Toolbar1(12)", "Toolbar1(14)", "Toolbar1(15)", "Toolbar1(17)", "Toolbar1(18)", "Image15",
+    "Image20",      "Image13",      "Image21",      "Picture1",     "Text1",        "UpDown1.up",
+    "UpDown1.down", "UpDown3.up",   "UpDown3.down", "Text2",        "UpDown2.up",   "UpDown2.down",
+    "UpDown4.up",   "UpDown4.down", "TextTitle",    "Image9",       "Image10",      "Image8",
+    "Image23",      "Image22",      "Image24"};
+
+void win_keyboard::theTabKeyFollowsTheEye_data()
+{
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<QStringList>("inPanel");
+    QTest::addRow("with the parts shown") << "Image23" << QStringList{"ListView1"};
+    QTest::addRow("with the tags shown")
+        << "Image22" << QStringList{"infoArtist", "infoAlbum", "infoGenre", "infoComment", "infoYear"};
+    // Of the option buttons the chosen one alone takes the focus; the arrow keys go on from there.
+    QTest::addRow("with the output shown")
+        << "Image24" << QStringList{"Option1(1)", "Image6(1)", "Image6(2)", "Image6(3)", "Image6(0)"};
+}
+
+void win_keyboard::theTabKeyFollowsTheEye()
+{
+    QFETCH(QString, tab);
+    QFETCH(QStringList, inPanel);
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.findChild<PictureButton*>(tab)->click();
+    const QStringList wanted = ringAboveThePanels + inPanel;
+    const qsizetype behindWaveform = wanted.indexOf("Picture1") + 1;
+    QCOMPARE(tabRing(form).join(' '), (wanted.mid(behindWaveform) + wanted.first(behindWaveform)).join(' '));
+}
+
+void win_keyboard::theTabKeyGoesBackTheSameWay()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.Picture1.setFocus();
+    for (const char* name : {"Image21", "Image13", "Image20", "Image15", "Toolbar1(18)"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), name);
+    }
+}
+
+void win_keyboard::theTabKeyPassesOverCoveredPanelsAtTheStart()
+{
+    FormFixture fixture;
+    auto& form = fixture.load();
+    activate(form);
+    QVERIFY(form.PicTag.isVisible());
+    const QStringList ring = tabRing(form);
+    QCOMPARE(ring.count("ListView1"), 1);
+    QCOMPARE(ring.filter("info") + ring.filter("Option1") + ring.filter("Image6"), QStringList());
+}
+
+void win_keyboard::theFocusIsSeen_data()
+{
+    QTest::addColumn<QString>("tab");
+    QTest::addRow("with the parts shown") << "Image23";
+    QTest::addRow("with the tags shown") << "Image22";
+    QTest::addRow("with the output shown") << "Image24";
+}
+
+void win_keyboard::theFocusIsSeen()
+{
+    QFETCH(QString, tab);
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    QApplication::setCursorFlashTime(0);
+    form.findChild<PictureButton*>(tab)->click();
+    QStringList unseen;
+    form.Picture1.setFocus();
+    QImage before = form.grab().toImage();
+    do {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QWidget* now = QApplication::focusWidget();
+        if (auto* edit = qobject_cast<QLineEdit*>(now)) edit->deselect();
+        const QImage after = form.grab().toImage();
+        const QRect place(now->mapTo(&form, QPoint(-2, -2)), now->size() + QSize(4, 4));
+        if (after.copy(place) == before.copy(place)) unseen << now->objectName();
+        before = after;
+    } while (QApplication::focusWidget() != &form.Picture1);
+    QCOMPARE(unseen, QStringList());
+}
+
+void win_keyboard::theFocusComesBackAfterALongJob()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.TextTitle.setFocus();
+    form.DisableMainForm();
+    QVERIFY(!form.TextTitle.hasFocus());
+    form.EnableMainForm();
+    QVERIFY(form.TextTitle.hasFocus());
+}
+
+void win_keyboard::theWaveformTakesTheFocusOfAFieldThatIsOff()
+{
+    FormFixture fixture;
+    auto& form = formWithPart(fixture);
+    form.TextTitle.setFocus();
+    form.DisableMainForm();
+    form.ClearPartDetails();
+    form.EnableMainForm();
+    QVERIFY(form.Picture1.hasFocus());
+}
+
+void win_keyboard::theWaveformHasTheFocusFromTheStart()
+{
+    FormFixture fixture;
+    auto& form = fixture.load();
+    activate(form);
+    QVERIFY(form.Picture1.hasFocus());
+    fixture.open(fakeSound(44100));
+    activate(form);
+    QVERIFY(form.Picture1.hasFocus());
+}
+
+int main(int argc, char** argv)
+{
+    Application application(argc, argv);
+    win_keyboard tests;
+    return QTest::qExec(&tests, argc, argv);
+}
+#include "win_keyboard.moc"
