@@ -158,7 +158,9 @@ void CutterSelect::TextTitle_KeyUp()
     }
 }
 
+// A window that goes away with the title in focus tells of it when the list has already gone.
 void CutterSelect::clearDetailsWithoutRow()
 {
+    if (MainForm != this) return;
     if (ListView1.selectedRow() == 0) ClearPartDetails();
 }

@@ -45,8 +45,9 @@ bool HeaderReader::read(AviFile& avi)
 {
     std::array<std::uint8_t, 12> head;
     if (file_.readAt(0, head.data(), head.size()) != head.size()) return false;
-    if (!AviChunk(head.data()).is("RIFF") || !AviChunk(head.data() + 8).is("AVI ")) return false;
-    avi.told = std::max(file_.size(), std::int64_t(AviChunk(head.data()).bytes) + AviChunk::headBytes);
+    const AviChunk riff(head.data());
+    if (!riff.is("RIFF") || !isName(&head[8], "AVI ")) return false;
+    avi.told = std::max(file_.size(), AviChunk::headBytes + riff.bytes);
     for (int i = 0; i < mostChunks && !done_; ++i)
         if (!takeChunk(avi)) return false;
     return done_;

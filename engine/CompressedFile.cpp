@@ -21,7 +21,6 @@ extern "C" {
 namespace {
 
 constexpr int mostSilentPackets = 1000; // without a first sound there is none to come
-constexpr int learningPackets = 8;      // tell what the header of an AVI doesn't
 constexpr int shortSeconds = 10;        // over before a second thread has helped
 constexpr int mostThreads = 8;          // each keeps a batch in memory
 
@@ -41,16 +40,6 @@ QString nameIn(const Name (&table)[N], const QString& of)
     for (const Name& name : table)
         if (of == QLatin1String(name.of)) return QString::fromLatin1(name.shown);
     return {};
-}
-
-bool canDecode(const CodecSetup& setup)
-{
-    try {
-        PacketDecoder tried(setup);
-        return true;
-    } catch (const EngineError&) {
-        return false;
-    }
 }
 
 /// The first sound stream that a decoder opens; -1 where there is none.
@@ -127,41 +116,36 @@ int threadsFor(const SoundInfo& info)
     return info.total < std::int64_t(info.format.rate) * shortSeconds ? 1 : std::clamp(cores, 1, mostThreads);
 }
 
-/// The codec as its first packets show it; the header often has the rate or the channels wrong.
-CodecSetup learnCodec(AviInput&& input, const CodecSetup& setup)
+/// Frames by decoding all of it.
+std::int64_t decodedTotal(const CompressedFile& file)
 {
-    PacketDecoder decoder(setup);
-    BlockList heard;
-    const Packet packet(av_packet_alloc());
-    for (int i = 0; i < mostSilentPackets && (i < learningPackets || heard.size() == 0); ++i) {
-        if (!input.read(*packet)) break;
-        decoder.decode(packet.get(), &heard);
-    }
-    const CodecSetup learnt = decoder.setup();
-    const auto parameters = newParameters();
-    avcodec_parameters_copy(parameters.get(), learnt.parameters.get());
-    parameters->codec_id = input.codec();
-    return {parameters, setup.timeBase};
+    FfmpegDecoder decoder(openPackets(file), file.codec);
+    std::int64_t frames = 0;
+    for (Block block; decoder.next(block);)
+        frames += static_cast<std::int64_t>(block.samples.size()) / block.format.channels;
+    return frames;
+}
+
+/// Of a few codecs the packets don't tell how much sound is in them.
+std::int64_t aviTotal(const CompressedFile& file, const PacketCount& counted)
+{
+    const std::int64_t total = counted.total(file.info.format.rate);
+    const bool untold = total == 0 || file.codec.parameters->codec_id == AV_CODEC_ID_VORBIS;
+    return untold ? decodedTotal(file) : total;
 }
 
 /// Empty where the file is no AVI, or has something in it that only libavformat may make sense of.
 std::optional<CompressedFile> inspectAvi(const std::shared_ptr<const SourceFile>& file)
 {
-    CompressedFile found{file, {}, false, 0, {}, findAviFile(*file)};
+    CompressedFile found{file, {}, false, 0, {}, findAviSource(file)};
     if (!found.avi) return {};
-    auto& sounds = found.avi->sounds;
-    const auto sound = std::find_if(sounds.begin(), sounds.end(),
-                                    [](const AviSound& tried) { return canDecode(tried.codec); });
-    if (sound == sounds.end()) return {};
-    sounds = {*sound};
-    found.stream = sounds[0].stream;
-    found.codec = learnCodec(AviInput(file, *found.avi, sounds[0]), sounds[0].codec);
-
-    AviInput input(file, *found.avi, sounds[0]);
+    found.codec = found.avi->codec;
+    found.stream = found.avi->sound.stream;
+    AviInput input(file, found.avi->avi, found.avi->sound);
     PacketCount count(found.codec);
     found.info.format = firstSound(input, found.codec, true, count);
     if (found.info.format.rate == 0 || input.lost()) return {};
-    found.info.total = count.total(found.info.format.rate);
+    found.info.total = aviTotal(found, count);
     found.info.text = describe(QStringLiteral("avi"), *found.codec.parameters, found.info.format,
                                bitrateOf(found, count, true));
     return found;
@@ -201,7 +185,7 @@ CompressedFile inspectFile(std::shared_ptr<const SourceFile> file, bool wmaEnabl
 
 std::unique_ptr<PacketInput> openPackets(const CompressedFile& file)
 {
-    if (file.avi) return std::make_unique<AviInput>(file.file, *file.avi, file.avi->sounds.at(0));
+    if (file.avi) return std::make_unique<AviInput>(file.file, file.avi->avi, file.avi->sound);
     auto input = std::make_unique<FfmpegInput>(file.file);
     input->choose(file.stream);
     return input;

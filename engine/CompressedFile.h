@@ -1,7 +1,7 @@
 // Finds out what a compressed file holds, and starts passes over it.
 #pragma once
 
-#include "engine/AviFile.h"
+#include "engine/AviCodec.h"
 #include "engine/PacketDecoder.h"
 #include "engine/PacketInput.h"
 #include "engine/SourceFile.h"
@@ -12,7 +12,7 @@ struct CompressedFile {
     bool chained = false; ///< several Ogg Vorbis streams one behind the other
     int stream = 0;       ///< which of the file's streams, and how to decode it; not where it is chained
     CodecSetup codec;
-    std::optional<AviFile> avi; ///< where we walk through it ourselves
+    std::optional<AviSource> avi; ///< where we walk through it ourselves
 };
 
 /// Throws EngineError where there is no sound that can be decoded, and for WMA where it isn't wanted.

@@ -19,6 +19,16 @@ CodecSetup codecSetup(const AVStream& stream)
     return {parameters, stream.time_base};
 }
 
+bool canDecode(const CodecSetup& setup)
+{
+    try {
+        PacketDecoder tried(setup);
+        return true;
+    } catch (const EngineError&) {
+        return false;
+    }
+}
+
 SampleArray& BlockList::samplesFor(const SoundFormat& format)
 {
     if (used_ > 0 && blocks_[used_ - 1].format == format) return blocks_[used_ - 1].samples;

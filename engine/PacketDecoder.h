@@ -21,6 +21,9 @@ std::shared_ptr<AVCodecParameters> newParameters();
 
 CodecSetup codecSetup(const AVStream& stream);
 
+/// Whether there is a decoder that takes it.
+bool canDecode(const CodecSetup& setup);
+
 /// A list of blocks whose buffers are used again after `clear`.
 class BlockList {
 public:

@@ -1,5 +1,6 @@
 # The reading half: files to sample arrays.
 target_sources(engine PRIVATE
+    AviCodec.cpp
     AviFile.cpp
     AviInput.cpp
     AviWalk.cpp

@@ -24,7 +24,6 @@ build libvorbis-dev       Ogg Vorbis encoder
 build libogg-dev          the container of Ogg Vorbis
 build libtag1-dev         tags
 build libmp3lame-dev      header of the MP3 encoder
-build libsimpleini-dev    the settings file
 build libpulse-dev        sound in and out, volumes
 run   libmp3lame0         the MP3 encoder, looked for while the program runs
 run   fonts-open-sans     the font that the window is laid out with

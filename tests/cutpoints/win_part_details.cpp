@@ -59,6 +59,7 @@ private slots:
     void leavingTheTitleWithoutARowClearsThePanel();
     void movingOverTheTitleWithoutARowClearsThePanel();
     void leavingTheTitleOfASelectedRowKeepsIt();
+    void aWindowCanGoAwayWithTheTitleInFocus();
     void typingInTheTimesChangesNothing();
 };
 
@@ -287,6 +288,16 @@ void win_part_details::leavingTheTitleOfASelectedRowKeepsIt()
     form.Picture1.setFocus();
     QCOMPARE(form.TextTitle.text(), QString("x"));
     QCOMPARE(form.Label11.text(), QString("Part.02"));
+}
+
+void win_part_details::aWindowCanGoAwayWithTheTitleInFocus()
+{
+    Cutting cutting({300000});
+    cutting.fixture.pressBarOfRow(2);
+    focusTitle(cutting.form);
+    cutting.fixture.form.reset();
+    QVERIFY(cutting.fixture.fatals.isEmpty());
+    QVERIFY(!MainForm);
 }
 
 void win_part_details::typingInTheTimesChangesNothing()

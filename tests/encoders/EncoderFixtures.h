@@ -1,5 +1,5 @@
-// What the tests of the settings dialogs share: a main form with a writer and a format object that record
-// what is asked of them, a settings file of its own, a message host, and a hand for the mouse and the keys.
+// What the tests of the settings dialogs share: a main form with recorders in place of the engine, a settings
+// file of its own, and a hand for the mouse and the keys.
 #pragma once
 
 #include "core/CutterSelect.h"

@@ -1,4 +1,4 @@
-// The MP3 settings dialog: what Apply does by the tab that shows, what is stored, and the ways out.
+// The MP3 settings dialog: what Apply does by the tab that shows, and what is stored.
 #include "encoders/EncoderFixtures.h"
 
 class win_mp3_settings : public QObject {
@@ -17,7 +17,6 @@ private slots:
     void aPresetIsStoredAsItsValues();
     void aPresetShowsInTheControls();
     void theCommandLineGoesInAsItStands();
-    void unloadingForgetsTheTab();
 
     void theWriterGetsTheObject();
     void theFormatLineFollowsApply();
@@ -28,16 +27,7 @@ private slots:
     void aStereoModeIsTwoChannels();
     void theQualityIsNotTakenByApply();
 
-    void cancelLeavesWriterAndKeysAlone();
-    void cancelDoesNotTakeBackTheQuality();
-    void applyStaysInForceAfterCancel();
-    void escapeIsCancel();
-    void returnIsOk();
-    void returnInANumberBoxIsOk();
-    void theCloseBoxIsCancel();
-
     void theJoinerGetsItsOwnWriterAndText();
-    void theFormatIsStoredAfterTheDialog();
 };
 
 using namespace hand;
@@ -172,16 +162,6 @@ void win_mp3_settings::theCommandLineGoesInAsItStands()
     QCOMPARE(desk.stored("Mp3", "3"), QString("56"));
 }
 
-void win_mp3_settings::unloadingForgetsTheTab()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        chooseTab(dialog.tabMP3, 3);
-        click(dialog.cmdCancel);
-    });
-    desk.openMp3([](frmMP3& dialog) { QCOMPARE(dialog.tabMP3.currentIndex(), 0); });
-}
-
 void win_mp3_settings::theWriterGetsTheObject()
 {
     Desk desk;
@@ -274,84 +254,6 @@ void win_mp3_settings::theQualityIsNotTakenByApply()
     QCOMPARE(desk.stored("Mp3", "8"), QString("1"));
 }
 
-void win_mp3_settings::cancelLeavesWriterAndKeysAlone()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        move(dialog.sldrBitrate, 3);
-        click(dialog.cmdCancel);
-    });
-    QVERIFY(desk.writer->calls.isEmpty());
-    QCOMPARE(desk.format->FormatBitrate, 128);
-    QVERIFY(!QFile::exists(IniPath));
-}
-
-void win_mp3_settings::cancelDoesNotTakeBackTheQuality()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        move(dialog.sldrQuality, 2);
-        click(dialog.cmdCancel);
-    });
-    QCOMPARE(desk.format->EncoderQuality, std::int16_t(2));
-}
-
-void win_mp3_settings::applyStaysInForceAfterCancel()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        move(dialog.sldrBitrate, 3);
-        click(dialog.cmdApply);
-        move(dialog.sldrBitrate, 5);
-        click(dialog.cmdCancel);
-    });
-    QCOMPARE(desk.stored("Mp3", "3"), QString("32"));
-    QCOMPARE(desk.format->FormatBitrate, 32);
-}
-
-void win_mp3_settings::escapeIsCancel()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        press(dialog, Qt::Key_Escape);
-        QVERIFY(!Mp3SettingsForm.loaded());
-    });
-    QVERIFY(desk.writer->calls.isEmpty());
-}
-
-void win_mp3_settings::returnIsOk()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        press(dialog.sldrBitrate, Qt::Key_Return);
-        QVERIFY(!Mp3SettingsForm.loaded());
-    });
-    QCOMPARE(desk.writer->calls, QStringList{"SetFormatMP3Ex"});
-}
-
-void win_mp3_settings::returnInANumberBoxIsOk()
-{
-    Desk desk;
-    desk.format->LowpassFrequency = 8000;
-    desk.openMp3([](frmMP3& dialog) {
-        chooseTab(dialog.tabMP3, 1);
-        type(dialog.udLFiltF, 12345);
-        press(dialog.udLFiltF, Qt::Key_Return);
-        QVERIFY(!Mp3SettingsForm.loaded());
-    });
-    QCOMPARE(desk.stored("Mp3", "13"), QString("12345"));
-}
-
-void win_mp3_settings::theCloseBoxIsCancel()
-{
-    Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        dialog.close();
-        QVERIFY(!Mp3SettingsForm.loaded());
-    });
-    QVERIFY(desk.writer->calls.isEmpty());
-}
-
 void win_mp3_settings::theJoinerGetsItsOwnWriterAndText()
 {
     Desk desk;
@@ -367,17 +269,6 @@ void win_mp3_settings::theJoinerGetsItsOwnWriterAndText()
     QVERIFY(desk.writer->calls.isEmpty());
     QCOMPARE(desk.format->FormatBitrate, 128);
     QCOMPARE(desk.stored("Mp3", "3"), QString("320"));
-}
-
-void win_mp3_settings::theFormatIsStoredAfterTheDialog()
-{
-    Desk desk;
-    desk.open([](CutterSelect& form) { form.Image6_Click(1); }, Mp3SettingsForm,
-              [&](frmMP3& dialog) {
-                  desk.store("OutPutCut", "Format", "WAV");
-                  click(dialog.cmdCancel);
-              });
-    QCOMPARE(desk.stored("OutPutCut", "Format"), QString("MP3"));
 }
 
 QTEST_MAIN(win_mp3_settings)

@@ -25,13 +25,6 @@ using namespace hand;
 
 namespace {
 
-QStringList storedKeys(const Desk& desk)
-{
-    QStringList values;
-    for (int key = 1; key <= 7; ++key) values << desk.stored("OGG", QString::number(key));
-    return values;
-}
-
 // Whether the user can reach them, frames included.
 QList<bool> reach(std::initializer_list<QWidget*> controls)
 {

@@ -37,14 +37,6 @@ QStringList storedKeys(const Desk& desk)
     return values;
 }
 
-// Whether the user can reach them, frames included.
-QList<bool> reach(std::initializer_list<QWidget*> controls)
-{
-    QList<bool> enabled;
-    for (const QWidget* control : controls) enabled << control->isEnabled();
-    return enabled;
-}
-
 }
 
 void win_ogg_settings::okWithNothingChangedStoresTheDefaults()

@@ -1,6 +1,9 @@
 // AVI files put together by hand, for what the programs that write them never or seldom do.
 #pragma once
 
+#include "engine/CompressedFile.h"
+#include "engine/FfmpegDecoder.h"
+#include "engine/FfmpegInput.h"
 #include "tests/engine/ReadingFixtures.h"
 
 inline Bytes listOf(const char* kind, const Bytes& chunks) { return chunk("LIST", Bytes(kind, 4) + chunks); }
@@ -64,4 +67,33 @@ inline Bytes interleaved(const Bytes& sound, int chunkBytes, int pictureBytes = 
     for (qsizetype at = 0; at < sound.size(); at += chunkBytes)
         chunks += chunk("00dc", Bytes(pictureBytes, 'p')) + chunk("01wb", sound.mid(at, chunkBytes));
     return chunks;
+}
+
+inline CompressedFile inspect(const QString& path)
+{
+    return inspectFile(std::make_shared<const SourceFile>(path), true);
+}
+
+inline SampleArray drain(BlockSource& source)
+{
+    SampleArray all;
+    for (Block block; source.next(block);) all.insert(all.end(), block.samples.begin(), block.samples.end());
+    return all;
+}
+
+inline SampleArray inOnePass(const CompressedFile& file)
+{
+    FfmpegDecoder decoder(openPackets(file), file.codec);
+    return drain(decoder);
+}
+
+/// The first sound stream, by libavformat all the way.
+inline SampleArray byLibavformat(const QString& path)
+{
+    auto input = std::make_unique<FfmpegInput>(std::make_shared<const SourceFile>(path));
+    const AVStream* stream = input->soundStreams().at(0);
+    const CodecSetup setup = codecSetup(*stream);
+    input->choose(stream->index);
+    FfmpegDecoder decoder(std::move(input), setup);
+    return drain(decoder);
 }

@@ -40,6 +40,7 @@ private slots:
     void aMoveToThePlaceOfThePressLeavesTheHandle();
     void aMoveWithoutAPressLeavesTheHandle();
     void theReleaseEndsTheDrag();
+    void aPressWhoseReleaseWentToAMenuLeavesTheHandleFree();
     void aDragWritesThePosition();
     void aDragWithoutAFileWritesTheStart();
     void theCopyInTheSelectionFollowsADragInside();
@@ -119,6 +120,15 @@ void win_time_drag::theReleaseEndsTheDrag()
     QVERIFY(form.TimeDrag);
     releaseAt(form.Picture1, {grip, handleRow});
     QVERIFY(!form.TimeDrag);
+}
+
+void win_time_drag::aPressWhoseReleaseWentToAMenuLeavesTheHandleFree()
+{
+    FormFixture fixture;
+    auto& form = fixture.open(fakeSound(tenSeconds));
+    pressAt(form.Picture1, {300, 100});
+    sendMouse(form.Picture1, QEvent::MouseMove, {300, handleRow}, Qt::NoButton, Qt::NoButton);
+    QCOMPARE(form.Picture1.cursor().shape(), Qt::SizeHorCursor);
 }
 
 void win_time_drag::aDragWritesThePosition()
