@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 
 namespace {
 
@@ -49,6 +50,13 @@ void printTimes(const char* row, std::vector<double> seconds)
     std::fflush(stdout);
 }
 
+double threadSeconds()
+{
+    timespec t{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
+}
+
 // A timer of a millisecond in the event loop. What lies between two of its turns beyond that millisecond, no
 // event was answered in.
 class StallMeter : public QTimer {
@@ -60,17 +68,23 @@ public:
         start(1);
     }
 
-    std::vector<double> gaps; ///< seconds
+    std::vector<double> waits;    ///< seconds, without the timer's own millisecond
+    std::vector<double> work;     ///< processor time of this thread in each
 
 private:
     void note()
     {
-        const double now = steadySeconds();
-        if (last_ > 0) gaps.push_back(now - last_);
+        const double now = steadySeconds(), worked = threadSeconds();
+        if (last_ > 0) {
+            waits.push_back(std::max(0.0, now - last_ - 0.001));
+            work.push_back(worked - lastWorked_);
+        }
         last_ = now;
+        lastWorked_ = worked;
     }
 
     double last_ = 0;
+    double lastWorked_ = 0;
 };
 
 }
@@ -80,7 +94,6 @@ PlayBench::PlayBench(const QString& folder, std::int32_t frames)
     const QString song = folder + QStringLiteral("/song.wav");
     writeSong(song, frames);
     bench_.open(song);
-    form().setAttribute(Qt::WA_QuitOnClose, false);
 }
 
 PlayBench::~PlayBench() = default;
@@ -98,7 +111,10 @@ double PlayBench::secondsUntilHeard(std::int32_t frame, const std::function<void
     return monitor_->heardAt() - begin;
 }
 
-void PlayBench::press(int button) { pressButton(form().Toolbar1, button); }
+void PlayBench::press(int button)
+{
+    pressButton(form().Toolbar1, button);
+}
 
 void PlayBench::clickAt(int px)
 {
@@ -145,7 +161,7 @@ void PlayBench::clickToSound()
     for (int k = 0; k < clicks; ++k) {
         const int px = visiblePixel(k);
         seconds.push_back(secondsUntilHeard(sampleAtPixel(px) + 1, [&] { clickAt(px); }));
-        runFor(217); // out of step with the pieces in which the device takes sound
+        runFor(217);    // out of step with the pieces in which the device takes sound
     }
     press(12);
     printTimes("click on the waveform in play to new sound, ms", seconds);
@@ -178,12 +194,9 @@ void PlayBench::stalls(int zoomLevel)
         clickAt(visiblePixel(k));
     }
     press(12);
-    std::vector<double> over;
-    for (const double gap : meter.gaps) over.push_back(std::max(0.0, gap - 0.001));
-    printTimes(
-        qPrintable(
-            QStringLiteral("wait for the event loop in a minute of play at zoom %1, ms").arg(zoomLevel)),
-        over);
+    const QString at = QStringLiteral(" in a minute of play at zoom %1, ms").arg(zoomLevel);
+    printTimes(qPrintable(QStringLiteral("wait for the event loop") + at), meter.waits);
+    printTimes(qPrintable(QStringLiteral("work between two turns of the loop") + at), meter.work);
 }
 
 void PlayBench::cpu(int zoomLevel)

@@ -15,8 +15,8 @@ public:
     // ---- each prints one line of a table
     void startToSound();
     void clickToSound();
-    void stalls(int zoomLevel); ///< in a minute of play with a click in each second
-    void cpu(int zoomLevel);    ///< in half a minute of play with nothing else going on
+    void stalls(int zoomLevel);    ///< in a minute of play with a click in each second
+    void cpu(int zoomLevel);       ///< in half a minute of play with nothing else going on
 
 private:
     CutterSelect& form() { return bench_.form(); }

@@ -41,6 +41,7 @@ SampleArray& BlockList::samplesFor(const SoundFormat& format)
 
 PacketDecoder::PacketDecoder(const CodecSetup& setup) : frame_(av_frame_alloc())
 {
+    av_log_set_level(AV_LOG_QUIET);
     const AVCodec* kind = avcodec_find_decoder(setup.parameters->codec_id);
     codec_.reset(avcodec_alloc_context3(kind));
     if (!kind || !codec_ || avcodec_parameters_to_context(codec_.get(), setup.parameters.get()) < 0)

@@ -24,6 +24,7 @@ void CutterSelect::ExtractAudioFromAvi_Click()
         cd1.DialogTitle = langText(69);
         cd1.Filter = langText(70) + QStringLiteral(" (*.%1)|*.%1").arg(extension);
         cd1.ShowSave();
+        setUpWriter(OUTPUTFORMAT);    // a scan has left the writer set up for the work file
         ExtractAudio(source, cd1.FileName);
     } catch (const std::exception&) {
     }
@@ -36,6 +37,7 @@ void CutterSelect::ExtractAudio(const QString& source, const QString& target)
         ProgressForm->Label2.setText(langText(82) + QStringLiteral(" : 0 %"));
         ProgressForm->show();
         ProgressForm->setProgressBar1(0.001);
+        DisableMainForm();    // an open or a save would take the writer away
         FileRe->SetWmaEnabled(true);
         FileRe->Open(source);
         if (FileRe->GetTotalSamples() == 0) return failExtraction();
@@ -46,6 +48,7 @@ void CutterSelect::ExtractAudio(const QString& source, const QString& target)
         FileWenc->Close();
         StatusBar1.Panels(1).setText(QString());
         FileRe->Close();
+        EnableMainForm();
         ProgressForm->setProgressBar1(0.001);
         ProgressForm.unload();
         KeepRunning = false;
@@ -74,6 +77,7 @@ void CutterSelect::copyVideoSound()
 // Kept: the writer isn't closed here.
 void CutterSelect::failExtraction()
 {
+    EnableMainForm();
     StatusBar1.Panels(1).setText(QString());
     FileRe->Close();
     ProgressForm->setProgressBar1(0.001);

@@ -5,6 +5,8 @@ class win_extract : public QObject {
     Q_OBJECT
 private slots:
     void theOrderOfAnExtraction();
+    void anExtractionAfterAnOpenIsInTheSelectedFormat();
+    void theMainFormIsDisabledMeanwhile();
     void theCopyIsTheWholeSound();
     void aBlockIsOneSecond_data();
     void aBlockIsOneSecond();
@@ -12,7 +14,7 @@ private slots:
     void theDialogIsUpFromTheStart();
     void theEndStateIsTheNormalOne();
     void theOpenDocumentStaysOpen();
-    void noFormatIsSet();
+    void noFormatIsSetButTheSelectedOne();
 
     void theFirstDialogAsksForAVideo();
     void theSecondDialogProposesTheFormat_data();
@@ -66,6 +68,7 @@ void win_extract::theOrderOfAnExtraction()
     video.extract();
     QStringList expected{"dialog open",
                          "dialog save",
+                         "FileWenc.SetFormatPCM 44100 2 16",
                          "FileRe.SetWmaEnabled True",
                          "FileRe.Open /v/film.avi",
                          "FileWenc.Create /out/film",
@@ -76,6 +79,29 @@ void win_extract::theOrderOfAnExtraction()
              << "FileWenc.Close"
              << "FileRe.Close";
     QCOMPARE(journal().commands(), expected);
+}
+
+// A scan leaves the writer set up for the work file.
+void win_extract::anExtractionAfterAnOpenIsInTheSelectedFormat()
+{
+    Video video("OGG");
+    video.fixture.open(fakeSound(50000));
+    video.extract();
+    const QStringList calls = journal().commandsOf("FileWenc");
+    QCOMPARE(calls.value(0), QString("FileWenc.SetFormatOggVorbis 44100 2 128 0 0 400"));
+    QCOMPARE(calls.value(1), QString("FileWenc.Create /out/film"));
+}
+
+void win_extract::theMainFormIsDisabledMeanwhile()
+{
+    Video video;
+    QList<bool> states;
+    journal().onCommand = [&](const QString& line) {
+        if (line.startsWith("FileWenc.WriteArray")) states << video.form->isEnabled();
+    };
+    video.extract();
+    QVERIFY(!states.isEmpty() && !states.contains(true));
+    QVERIFY(video.isAtRest());
 }
 
 void win_extract::theCopyIsTheWholeSound()
@@ -150,11 +176,11 @@ void win_extract::theOpenDocumentStaysOpen()
     QVERIFY(!saving.form.FileR->IsClosed());
 }
 
-void win_extract::noFormatIsSet()
+void win_extract::noFormatIsSetButTheSelectedOne()
 {
     Video video("OGG");
     video.extract();
-    QCOMPARE(journal().commandsOf("FileWenc.SetFormat"), QStringList());
+    QCOMPARE(journal().commandsOf("FileWenc.SetFormat"), QStringList{"FileWenc.SetFormatOggVorbis 44100 2 128 0 0 400"});
 }
 
 void win_extract::theFirstDialogAsksForAVideo()
@@ -246,7 +272,7 @@ void win_extract::aVideoWithoutSoundBeginsNoFile()
     Video video;
     video.fixture.engine.disk["/v/film.avi"] = fakeSound(0);
     video.extract();
-    QCOMPARE(journal().commands().mid(4), (QStringList{"FileRe.Close", criticalMessage(83)}));
+    QCOMPARE(journal().commands().mid(5), (QStringList{"FileRe.Close", criticalMessage(83)}));
     QVERIFY(!video.fixture.engine.disk.contains("/out/film"));
 }
 

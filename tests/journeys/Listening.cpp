@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int patienceMs = 60000;
-constexpr qint64 halfASecond = 44100 / 2 * 4; // bytes of the recording
+constexpr qint64 halfASecond = 44100 / 2 * 4;    // bytes of the recording
 
 }
 
@@ -16,9 +16,15 @@ Listening::Listening() : oldFatal_(fatal)
     fatal = [](const std::exception& error) { qFatal("the program would end: %s", error.what()); };
 }
 
-Listening::~Listening() { fatal = oldFatal_; }
+Listening::~Listening()
+{
+    fatal = oldFatal_;
+}
 
-bool Listening::listen() { return server.start() && server.record(); }
+bool Listening::listen()
+{
+    return server.start() && server.record();
+}
 
 void Listening::openSong(std::int32_t frames)
 {
@@ -41,7 +47,10 @@ std::int32_t Listening::lineSample()
     return sampleOfX(form().Picture1.Width(), TotalSamples, form().Line2.X1());
 }
 
-bool Listening::waitFor(const std::function<bool()>& done) const { return QTest::qWaitFor(done, patienceMs); }
+bool Listening::waitFor(const std::function<bool()>& done) const
+{
+    return QTest::qWaitFor(done, patienceMs);
+}
 
 bool Listening::playsPast(std::int32_t sample)
 {

@@ -12,23 +12,23 @@ public:
     Listening();
     ~Listening();
 
-    PulseServer server; ///< until `listen` has been called there is no server at all
+    PulseServer server;    ///< until `listen` has been called there is no server at all
     Journey journey;
 
     CutterSelect& form() { return journey.form(); }
 
-    bool listen(); ///< starts the server and records what is heard; true once both run
+    bool listen();    ///< starts the server and records what is heard; true once both run
     /// Opens a song of this length, stereo at 44100 Hz.
     void openSong(std::int32_t frames);
 
     /// A click at a pixel of the waveform, on whatever lies there.
     void clickWave(int xPx, int yPx = 100);
-    std::int32_t lineSample(); ///< where the position line stands
+    std::int32_t lineSample();    ///< where the position line stands
 
     // ---- waiting, with the event loop running; false or empty when it takes far too long
     bool waitFor(const std::function<bool()>& done) const;
-    bool playsPast(std::int32_t sample); ///< the line has come by this sample
-    bool ends();                         ///< the program plays no more
+    bool playsPast(std::int32_t sample);    ///< the line has come by this sample
+    bool ends();                            ///< the program plays no more
     /// Once this frame is in the recording, and half a second behind it: all frames heard, without the
     /// silence.
     FrameNumbers heardUpTo(std::int32_t frame) const;

@@ -9,7 +9,10 @@ namespace {
 // 400 samples to a pixel of the waveform, as near as makes no difference.
 constexpr std::int32_t length = 277867;
 
-FrameNumbers firstFrames(std::size_t count) { return frameRange(1, static_cast<std::int32_t>(count)); }
+FrameNumbers firstFrames(std::size_t count)
+{
+    return frameRange(1, static_cast<std::int32_t>(count));
+}
 
 void dragKnob(CutterSelect& form, double toPx)
 {
@@ -55,7 +58,10 @@ void tst_journey_play::init()
     listening_->openSong(length);
 }
 
-void tst_journey_play::cleanup() { listening_.reset(); }
+void tst_journey_play::cleanup()
+{
+    listening_.reset();
+}
 
 void tst_journey_play::theWholeFileIsHeardAsItIsInTheWorkFile()
 {

@@ -26,7 +26,7 @@ public:
         };
     }
 
-    bool wasInside = false; ///< the action began while the handler was running
+    bool wasInside = false;    ///< the action began while the handler was running
 
 private:
     std::function<void(std::int32_t, std::int32_t, std::int32_t)> handler_;

@@ -11,11 +11,11 @@
 namespace {
 
 constexpr std::int32_t rate = 44100;
-constexpr std::int32_t settled = 30 * rate;   // frames until the first measures are taken
-constexpr std::int32_t window = 10 * rate;    // frames over which the line is compared with the sound
-constexpr std::int32_t tolerance = rate / 20; // of the line, between the first window and the last
+constexpr std::int32_t settled = 30 * rate;      // frames until the first measures are taken
+constexpr std::int32_t window = 10 * rate;       // frames over which the line is compared with the sound
+constexpr std::int32_t tolerance = rate / 20;    // of the line, between the first window and the last
 #ifdef __SANITIZE_ADDRESS__
-constexpr std::int64_t growthKb = 300'000; // the sanitizer keeps freed memory
+constexpr std::int64_t growthKb = 300'000;    // the sanitizer keeps freed memory
 #elif defined(__SANITIZE_THREAD__)
 constexpr std::int64_t growthKb = 100'000;
 #else
@@ -50,10 +50,10 @@ public:
         for (const std::int32_t number : frameNumbers(whole)) take(number);
     }
 
-    std::int32_t last = 0;       ///< the frame heard last
-    std::int32_t outOfOrder = 0; ///< frames that did not follow the one before
+    std::int32_t last = 0;          ///< the frame heard last
+    std::int32_t outOfOrder = 0;    ///< frames that did not follow the one before
     std::int32_t silentBetweenArrays = 0, silentWithinArrays = 0;
-    std::int32_t arrayFrames = 0; ///< length of the arrays that are fed
+    std::int32_t arrayFrames = 0;    ///< length of the arrays that are fed
 
 private:
     void take(std::int32_t number)
@@ -70,7 +70,7 @@ private:
 
     const PulseServer& server_;
     qint64 at_ = 0;
-    std::int32_t pending_ = 0; // silent frames that count once sound follows
+    std::int32_t pending_ = 0;    // silent frames that count once sound follows
 };
 
 // How far the line is ahead of the recording. The recording lags by what its pipe holds, which is least at
@@ -158,7 +158,10 @@ void tst_journey_soak::everyFrameIsHeardOnceAndInOrder()
     QCOMPARE(follower_->last, length_);
 }
 
-void tst_journey_soak::noSilenceFallsBetweenTwoArrays() { QCOMPARE(follower_->silentBetweenArrays, 0); }
+void tst_journey_soak::noSilenceFallsBetweenTwoArrays()
+{
+    QCOMPARE(follower_->silentBetweenArrays, 0);
+}
 
 // Where others keep the cores busy the server may run dry in the middle of an array, so the short run may
 // have a second of it. A long run is made by hand, on a machine that does nothing else.

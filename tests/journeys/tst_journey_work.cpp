@@ -8,7 +8,7 @@
 namespace {
 
 constexpr std::int32_t length = 400017;
-constexpr int row = 3; // the part that is worked on, between the second cut and the third
+constexpr int row = 3;    // the part that is worked on, between the second cut and the third
 
 void cutWithTheScissors(Listening& listening)
 {
@@ -31,7 +31,10 @@ void dragHandle(CutterSelect& form, std::int32_t cut, double px)
     QFAIL("no handle has this cut");
 }
 
-void click(QToolButton& arrow) { QTest::mouseClick(&arrow, Qt::LeftButton); }
+void click(QToolButton& arrow)
+{
+    QTest::mouseClick(&arrow, Qt::LeftButton);
+}
 
 }
 
@@ -82,7 +85,8 @@ void tst_journey_work::aDraggedHandleTakesItsCutAlong()
     const std::int32_t old = CutPoints[2];
     dragHandle(form(), old, -40);
     const double moved = (old - CutPoints[2]) / (static_cast<double>(length) / form().Picture1.Width());
-    QVERIFY2(std::abs(moved - 40 * 15) <= 60, qPrintable(QString::number(moved))); // the handle's own offsets
+    QVERIFY2(std::abs(moved - 40 * 15) <= 60,
+             qPrintable(QString::number(moved)));    // the handle's own offsets
     QCOMPARE(form().ListView1.cell(row, PartsListView::SampleStart), QString::number(CutPoints[2]));
     QVERIFY(form().PicInfos.isHidden());
 }
