@@ -1,5 +1,6 @@
 // The audio engine as the rest of the program sees it: files, tags, the player, the recorder, and the factory
-// that makes them. No implementation and no widget. Every operation reports a failure by throwing EngineError.
+// that makes them. No implementation and no widget. Every operation reports a failure by throwing
+// EngineError.
 #pragma once
 
 #include <QString>
@@ -18,9 +19,9 @@ class Mp3Format {
 public:
     virtual ~Mp3Format() = default;
 
-    std::int16_t AbrBitrate = 128;          ///< kbit/s, target of ABR
-    std::int16_t AthControl = 0;            ///< 0 default, 1 only, 2 disabled, 3 only for short blocks
-    std::int32_t FormatBitrate = 128;       ///< kbit/s, constant bitrate
+    std::int16_t AbrBitrate = 128;       ///< kbit/s, target of ABR
+    std::int16_t AthControl = 0;         ///< 0 default, 1 only, 2 disabled, 3 only for short blocks
+    std::int32_t FormatBitrate = 128;    ///< kbit/s, constant bitrate
     bool BitReservoir = true;
     bool DifferentBlockTypes = false;       ///< block types may differ between channels
     std::int32_t FormatChannels = 2;        ///< 1 mono, 2 two channels
@@ -35,10 +36,10 @@ public:
     bool ShortBlocks = true;
     bool IsoCompliance = false;
     bool EnforceMinBitrate = false;
-    std::int32_t StereoMode = 2;            ///< 1 stereo, 2 joint, 3 forced joint, 4 dual channels
-    std::int32_t MaxVbrBitrate = 320;       ///< kbit/s
-    std::int32_t VbrMethod = -1;            ///< -1 none, 0 default, 1 old, 2 new, 3 MTRH, 4 ABR
-    std::int16_t VbrQuality = 4;            ///< 0 best to 9
+    std::int32_t StereoMode = 2;         ///< 1 stereo, 2 joint, 3 forced joint, 4 dual channels
+    std::int32_t MaxVbrBitrate = 320;    ///< kbit/s
+    std::int32_t VbrMethod = -1;         ///< -1 none, 0 default, 1 old, 2 new, 3 MTRH, 4 ABR
+    std::int16_t VbrQuality = 4;         ///< 0 best to 9
     bool WriteVbrHeader = true;
 
     /// Sets the properties from switches as the encoder's own command line has them, starting from the
@@ -71,7 +72,8 @@ public:
     virtual std::int32_t GetSampleRate() const = 0;      ///< Hz, of the file
     virtual std::int32_t GetOutputRate() const = 0;      ///< Hz, of the arrays of `ReadArray`
     virtual std::int32_t GetChannels() const = 0;        ///< 1 or 2, in the arrays of `ReadArray`
-    virtual std::int32_t GetReadChannels() const = 0;    ///< divisor from elements to samples of the last array
+    virtual std::int32_t
+    GetReadChannels() const = 0;    ///< divisor from elements to samples of the last array
     virtual std::int32_t GetDurationMs() const = 0;
 
     /// Reads up to `count` samples per channel from the current position and moves on.
@@ -169,8 +171,9 @@ public:
     virtual void ClearQueue() = 0;    ///< drops what is queued; the position starts at 0 again
     virtual void Stop() = 0;          ///< does no harm when nothing plays
 
-    virtual std::int32_t MsToSamples(std::int32_t ms) const = 0;         ///< at the format set, 44100 Hz before
-    virtual std::int32_t SamplesToMs(std::int32_t samples) const = 0;    ///< at the format set, 44100 Hz before
+    virtual std::int32_t MsToSamples(std::int32_t ms) const = 0;    ///< at the format set, 44100 Hz before
+    virtual std::int32_t
+    SamplesToMs(std::int32_t samples) const = 0;    ///< at the format set, 44100 Hz before
 
     virtual void SetVolume(std::int32_t volume) = 0;    ///< 0 to 65535
     virtual std::int32_t GetVolume() const = 0;

@@ -23,13 +23,13 @@ public:
 
     // ---- state
     AudioEngine& engine;
-    std::unique_ptr<AudioFile> FileR;      ///< reader of the open document; after the scan, of the work file
-    std::int32_t Frequency = 44100;        ///< of the output settings, Hz
+    std::unique_ptr<AudioFile> FileR;    ///< reader of the open document; after the scan, of the work file
+    std::int32_t Frequency = 44100;      ///< of the output settings, Hz
     std::int32_t Channels = 2;
     std::unique_ptr<Mp3Format> MP3LameEncoderMain;
-    std::unique_ptr<AudioFile> FileWenc;   ///< writer: the work file in a scan, the output file in a save
-    std::unique_ptr<AudioFile> FileRe;     ///< reader of a video whose sound is extracted
-    QString OUTPUTFORMAT;                  ///< "MP3", "OGG", "WMA" or "WAV"
+    std::unique_ptr<AudioFile> FileWenc;    ///< writer: the work file in a scan, the output file in a save
+    std::unique_ptr<AudioFile> FileRe;      ///< reader of a video whose sound is extracted
+    QString OUTPUTFORMAT;                   ///< "MP3", "OGG", "WMA" or "WAV"
     std::unique_ptr<AudioTag> AudioTags;
     std::unique_ptr<AudioPlayerStream> AudioPlayer;
     CommonDialog cd1;
@@ -39,29 +39,29 @@ public:
     std::int32_t PlayPosition = 0;         ///< sample at which the stretch in the player began
     std::vector<std::int32_t> Peaks{0};    ///< the peak table; a single entry: nothing to draw
     bool IsPlaying = false;
-    std::int32_t TrackStep = 10;           ///< set by `ResetCenterLines`, read nowhere
-    bool TimeDrag = false;                 ///< `IndicTime` is being dragged
-    std::int32_t DragStartX = 0;           ///< twips, where the drag under way was pressed
+    std::int32_t TrackStep = 10;    ///< set by `ResetCenterLines`, read nowhere
+    bool TimeDrag = false;          ///< `IndicTime` is being dragged
+    std::int32_t DragStartX = 0;    ///< twips, where the drag under way was pressed
     bool WaveDrag = false;
     std::int32_t ZoomLevel = 0;
     bool VolumeDrag = false;
     std::int32_t DurationSeconds = 0;
-    bool FileLoaded = false;               ///< a document is open, or being opened
-    std::int32_t ToolMode = 1;             ///< 1 arrow, 2 scissors
+    bool FileLoaded = false;      ///< a document is open, or being opened
+    std::int32_t ToolMode = 1;    ///< 1 arrow, 2 scissors
     bool HasSelectedPart = false;
-    std::int32_t SelectedPart = 0;         ///< part code: 0 first, -1 last, else the cut that begins it
-    std::int16_t ListButton = 0;           ///< button of the last press in the list
-    bool PlayWhole = false;                ///< play to the end of the file, not a counted stretch
-    std::int32_t PlayFed = 0;              ///< samples of the counted stretch fed so far
+    std::int32_t SelectedPart = 0;    ///< part code: 0 first, -1 last, else the cut that begins it
+    std::int16_t ListButton = 0;      ///< button of the last press in the list
+    bool PlayWhole = false;           ///< play to the end of the file, not a counted stretch
+    std::int32_t PlayFed = 0;         ///< samples of the counted stretch fed so far
     std::int32_t PlayLength = 0;
     std::int32_t PlayFrom = 0;
-    bool Scanning = false;                 ///< an open is in progress; nearly every command refuses
+    bool Scanning = false;    ///< an open is in progress; nearly every command refuses
     std::int32_t MarkerIndex = 0;
-    bool ClickedPart = false;              ///< the last press selected a part, so a double click plays it
-    QString FileTitle;                     ///< title tag of the open file; read nowhere
-    bool BopDrag = false;                  ///< a handle of a cut is being dragged
-    std::int32_t BopSample = 0;            ///< the sample of its cut
-    bool VolumeMoved = false;              ///< the knob was pulled to the top of its range
+    bool ClickedPart = false;      ///< the last press selected a part, so a double click plays it
+    QString FileTitle;             ///< title tag of the open file; read nowhere
+    bool BopDrag = false;          ///< a handle of a cut is being dragged
+    std::int32_t BopSample = 0;    ///< the sample of its cut
+    bool VolumeMoved = false;      ///< the knob was pulled to the top of its range
 
     // ---- start-up and shutdown: CutterSelect_Load.cpp
     void Form_Load();

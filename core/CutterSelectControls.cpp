@@ -33,8 +33,8 @@ auto cutLineMaker(Surface& surface, const char* name, QColor color, Twips top, T
 auto handleMaker(Surface& surface, const char* name, const char* tip, Twips top)
 {
     return [=, &surface](int index) {
-        auto handle = std::make_unique<GraphicImage>(surface, indexed(name, index), QStringLiteral("marker"), 0, top,
-                                                     handleSize, handleSize);
+        auto handle = std::make_unique<GraphicImage>(surface, indexed(name, index), QStringLiteral("marker"),
+                                                     0, top, handleSize, handleSize);
         handle->toolTip = QString::fromLatin1(tip);
         handle->cursor = QCursor(Qt::SizeHorCursor);
         return handle;
@@ -54,10 +54,11 @@ CutterSelectControls::CutterSelectControls(QMainWindow& window)
       Line5b(cutLineMaker(Picture3, "Line5b", Qt::black, 0, 2250)),
       Bop(handleMaker(Picture1, "Bop", "Move this Cut Point", handleTop)),
       Bop1(handleMaker(Picture3, "Bop1", "Delete this Cut Point", handleTop - highlightTop)),
-      Image6{PictureButton(&PicOutput, "Image6(0)", {392, 148, 36, 30}, "gear", 20, PictureButton::Frame::Card),
-             PictureButton(&PicOutput, "Image6(1)", {392, 16, 36, 30}, "gear", 20, PictureButton::Frame::Card),
-             PictureButton(&PicOutput, "Image6(2)", {392, 60, 36, 30}, "gear", 20, PictureButton::Frame::Card),
-             PictureButton(&PicOutput, "Image6(3)", {392, 104, 36, 30}, "gear", 20, PictureButton::Frame::Card)}
+      Image6{
+          PictureButton(&PicOutput, "Image6(0)", {392, 148, 36, 30}, "gear", 20, PictureButton::Frame::Card),
+          PictureButton(&PicOutput, "Image6(1)", {392, 16, 36, 30}, "gear", 20, PictureButton::Frame::Card),
+          PictureButton(&PicOutput, "Image6(2)", {392, 60, 36, 30}, "gear", 20, PictureButton::Frame::Card),
+          PictureButton(&PicOutput, "Image6(3)", {392, 104, 36, 30}, "gear", 20, PictureButton::Frame::Card)}
 {
     window.setObjectName(QStringLiteral("CutterSelect"));
     window.setWindowTitle(QStringLiteral("Quillon"));
@@ -125,6 +126,8 @@ void CutterSelectControls::layWaveform()
     MonScroll.setSingleStep(50);
     MonScroll.setPageStep(100);
     MonScroll.setFocusPolicy(Qt::NoFocus);
+    Line1.place(0, 0, Picture1.Width(), 0);
+    Line7.place(0, 0, Picture3.Width(), 0);
     Line2.place(0, 240, 0, 2660);
     Line6.place(0, 0, 0, 2240);
     Line6.setVisible(false);
@@ -146,7 +149,11 @@ void CutterSelectControls::layStamps()
     Res1.place(0, 0, px(106), px(30));
     Res1.background = [](QPainter& painter, QSizeF size) {
         for (int tick = 0; tick < 10; ++tick)
-            painter.fillRect(QRectF(tick * 10.6, 0, 1, tick == 0 ? 12 : tick == 5 ? 9 : 5), look::fieldBorder);
+            painter.fillRect(QRectF(tick * 10.6, 0, 1,
+                                    tick == 0   ? 12
+                                    : tick == 5 ? 9
+                                                : 5),
+                             look::fieldBorder);
         painter.fillRect(QRectF(0, size.height() - 2, size.width(), 2), look::hairlineStrong);
     };
     const auto bar = [](QPainter& painter, QSizeF size) {
@@ -192,14 +199,21 @@ void CutterSelectControls::layTags()
     putField(infoAlbum, "infoAlbum", {112, 48, 318, 26}, 29);
     putField(infoComment, "infoComment", {112, 116, 318, 26}, 29);
     putField(infoYear, "infoYear", {112, 150, 70, 26}, 4);
-    for (auto& [caption, field] : std::initializer_list<std::pair<Label*, QWidget*>>{
-             {&Label13, &infoArtist}, {&Label14, &infoAlbum}, {&Label15, &infoGenre}, {&Label19, &infoComment}, {&Label21, &infoYear}})
+    for (auto& [caption, field] : std::initializer_list<std::pair<Label*, QWidget*>>{{&Label13, &infoArtist},
+                                                                                     {&Label14, &infoAlbum},
+                                                                                     {&Label15, &infoGenre},
+                                                                                     {&Label19, &infoComment},
+                                                                                     {&Label21, &infoYear}})
         caption->setBuddy(field);
 }
 
 void CutterSelectControls::layOutput()
 {
-    static constexpr struct { const char* caption; const char* tip; int row; } formats[] = {
+    static constexpr struct {
+        const char* caption;
+        const char* tip;
+        int row;
+    } formats[] = {
         {"WAV", "", 3},
         {"MP3", "Select MP3 for Output format", 0},
         {"Ogg Vorbis", "Select Ogg Vorbis for output format", 1},

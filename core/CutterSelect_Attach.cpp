@@ -63,19 +63,23 @@ void CutterSelect::attachButtons()
 
     for (int i = 0; i < 4; ++i) {
         const auto index = static_cast<std::size_t>(i);
-        connect(&Option1[index], &QRadioButton::clicked, this, guarded([this, i](bool) { Option1_Click(i); }));
+        connect(&Option1[index], &QRadioButton::clicked, this,
+                guarded([this, i](bool) { Option1_Click(i); }));
         Image6[index].onClick = [this, i] { Image6_Click(i); };
     }
 }
 
 void CutterSelect::attachSurfaces()
 {
-    Picture1.onMouseDown = guarded([this](int b, int s, Twips x, Twips y) { Picture1_MouseDown(b, s, x, y); });
-    Picture1.onMouseMove = guarded([this](int b, int s, Twips x, Twips y) { Picture1_MouseMove(b, s, x, y); });
+    Picture1.onMouseDown =
+        guarded([this](int b, int s, Twips x, Twips y) { Picture1_MouseDown(b, s, x, y); });
+    Picture1.onMouseMove =
+        guarded([this](int b, int s, Twips x, Twips y) { Picture1_MouseMove(b, s, x, y); });
     Picture1.onMouseUp = guarded([this](int, int, Twips, Twips) { Picture1_MouseUp(); });
     Picture1.onDblClick = guarded([this] { Picture1_DblClick(); });
     Picture1.onKeyDown = guarded([this](int key) { Picture1_KeyDown(key); });
-    Picture3.onMouseDown = guarded([this](int b, int s, Twips x, Twips y) { Picture3_MouseDown(b, s, x, y); });
+    Picture3.onMouseDown =
+        guarded([this](int b, int s, Twips x, Twips y) { Picture3_MouseDown(b, s, x, y); });
     IndicTime.onMouseDown = guarded([this](int, int, Twips x, Twips) { IndicTime_MouseDown(x); });
     IndicTime.onMouseMove = guarded([this](int, int, Twips x, Twips) { IndicTime_MouseMove(x); });
     IndicTime.onMouseUp = guarded([this](int, int, Twips, Twips) { IndicTime_MouseUp(); });
@@ -91,14 +95,16 @@ void CutterSelect::attachHandle(int i)
     Bop(i).onMouseDown = guarded([this, i](int b, int s, Twips x, Twips y) { Bop_MouseDown(i, b, s, x, y); });
     Bop(i).onMouseMove = guarded([this, i](int b, int s, Twips x, Twips y) { Bop_MouseMove(i, b, s, x, y); });
     Bop(i).onMouseUp = guarded([this, i](int, int, Twips, Twips) { Bop_MouseUp(i); });
-    Bop1(i).onMouseDown = guarded([this, i](int b, int s, Twips x, Twips y) { Bop1_MouseDown(i, b, s, x, y); });
+    Bop1(i).onMouseDown =
+        guarded([this, i](int b, int s, Twips x, Twips y) { Bop1_MouseDown(i, b, s, x, y); });
     Bop1(i).onMouseMove = guarded([this](int, int, Twips, Twips) { Bop1_MouseMove(); });
 }
 
 void CutterSelect::attachPlayer()
 {
     AudioPlayer->RequestOnLoadArray = guarded([this] { AudioPlayer_RequestOnLoadArray(); });
-    AudioPlayer->Timer = guarded([this](std::int32_t position, std::int32_t, std::int32_t) { AudioPlayer_Timer(position); });
+    AudioPlayer->Timer =
+        guarded([this](std::int32_t position, std::int32_t, std::int32_t) { AudioPlayer_Timer(position); });
     AudioPlayer->EndPlay = guarded([this] { AudioPlayer_EndPlay(); });
 }
 
@@ -168,12 +174,13 @@ void CutterSelect::titleEvent(const QEvent& event)
     if (event.type() == QEvent::FocusOut || event.type() == QEvent::MouseMove) clearDetailsWithoutRow();
 }
 
-// At the start all three side panels are shown, one in front of the others: the keyboard passes over what is covered.
+// At the start all three side panels are shown, one in front of the others: the keyboard passes over what is
+// covered.
 bool CutterSelect::focusNextPrevChild(bool next)
 {
-    const QWidget* front = Image23.isChosen() ? static_cast<QWidget*>(&ListView1)
-        : Image22.isChosen()                  ? static_cast<QWidget*>(&PicTag)
-                                              : static_cast<QWidget*>(&PicOutput);
+    const QWidget* front = Image23.isChosen()   ? static_cast<QWidget*>(&ListView1)
+                           : Image22.isChosen() ? static_cast<QWidget*>(&PicTag)
+                                                : static_cast<QWidget*>(&PicOutput);
     for (int tries = 0; tries < 64; ++tries) {
         if (!QMainWindow::focusNextPrevChild(next)) return false;
         const QWidget* now = focusWidget();

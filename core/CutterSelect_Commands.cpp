@@ -5,7 +5,9 @@ void CutterSelect::ToolbarCommand(std::int16_t index)
 {
     const bool isReady = FileLoaded && !Scanning;
     switch (index) {
-    case 1: OpenAudioFile_Click(); break;
+    case 1:
+        OpenAudioFile_Click();
+        break;
     case 2:
         if (!Scanning) CloseAudioFile_Click();
         break;
@@ -18,7 +20,9 @@ void CutterSelect::ToolbarCommand(std::int16_t index)
     case 6:
         if (isReady && ZoomLevel != 0) restoreAspect();
         break;
-    case 8: SetCutPoint_Click(); break;
+    case 8:
+        SetCutPoint_Click();
+        break;
     case 10:
         if (isReady) PlayFile(Label1.text());
         break;
@@ -31,9 +35,14 @@ void CutterSelect::ToolbarCommand(std::int16_t index)
         ResetCenterLines();
         positionToStart();
         break;
-    case 14: Image9_Click(); break;
-    case 15: Image8_Click(); break;
-    default: break;
+    case 14:
+        Image9_Click();
+        break;
+    case 15:
+        Image8_Click();
+        break;
+    default:
+        break;
     }
 }
 

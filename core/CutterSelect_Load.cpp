@@ -22,7 +22,8 @@ QPointer<QWidget> focusBeforeJob;    // a disabled window lets go of it
 
 }
 
-CutterSelect::CutterSelect(AudioEngine& engine) : CutterSelectControls(static_cast<QMainWindow&>(*this)), engine(engine)
+CutterSelect::CutterSelect(AudioEngine& engine)
+    : CutterSelectControls(static_cast<QMainWindow&>(*this)), engine(engine)
 {
     MainForm = this;
     setWindowIcon(icon(QStringLiteral("app")));
@@ -35,6 +36,8 @@ CutterSelect::CutterSelect(AudioEngine& engine) : CutterSelectControls(static_ca
 
 CutterSelect::~CutterSelect()
 {
+    // A field that has the focus loses it as it goes, when the list behind it may be gone already.
+    for (QWidget* widget : findChildren<QWidget*>()) widget->removeEventFilter(this);
     ProgressForm.unload();
     if (MainForm == this) MainForm = nullptr;
 }
@@ -82,8 +85,8 @@ void CutterSelect::createEngineObjects()
     attachPlayer();
 }
 
-// The player may be in the middle of an event of its own here, so the engine's objects go with the form, once the
-// event loop has been left.
+// The player may be in the middle of an event of its own here, so the engine's objects go with the form, once
+// the event loop has been left.
 void CutterSelect::Form_Unload()
 {
     if (IsPlaying) StopPlayback();

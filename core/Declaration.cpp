@@ -28,6 +28,7 @@ float MinTrackY = 0;
 
 const QString& langText(std::size_t n)
 {
-    if (n >= LangText.size()) throw ConversionError(QStringLiteral("the language file has no line %1").arg(n));
+    if (n >= LangText.size())
+        throw ConversionError(QStringLiteral("the language file has no line %1").arg(n));
     return LangText[n];
 }

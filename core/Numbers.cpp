@@ -20,7 +20,8 @@ double parseNumber(const QString& text)
 {
     bool isNumber = false;
     const double value = text.trimmed().toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(value)) throw ConversionError(QStringLiteral("\"%1\" is no number").arg(text));
+    if (!isNumber || !std::isfinite(value))
+        throw ConversionError(QStringLiteral("\"%1\" is no number").arg(text));
     return value;
 }
 

@@ -19,7 +19,8 @@ std::int16_t toInteger(double value);
 /// Remainder with the sign of the dividend. Throws on a divisor of 0.
 std::int32_t checkedMod(std::int32_t dividend, std::int32_t divisor);
 
-/// A number in a text, blanks around it allowed, rounded as by `toLong`. Throws on anything else, "" included.
+/// A number in a text, blanks around it allowed, rounded as by `toLong`. Throws on anything else, ""
+/// included.
 std::int32_t parseLong(const QString& text);
 
 /// The same for 16 bits.

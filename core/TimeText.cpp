@@ -11,7 +11,7 @@ QString minutesAndSeconds(std::int32_t ms)
     const auto minutes = static_cast<std::int32_t>(std::floor(ms / 60000.0));
     const auto seconds = static_cast<std::int32_t>(std::floor(ms / 1000.0)) - 60 * minutes;
     return twoDigits(minutes) + QLatin1Char(':') + (seconds > 9 ? QString() : QStringLiteral("0")) +
-        QString::number(seconds);
+           QString::number(seconds);
 }
 
 /// Milliseconds within the second, with the small error of the subtraction.
@@ -48,7 +48,8 @@ QString FormatSeconds(double seconds)
     const std::int32_t t = toLong(seconds * 100);
     const std::int32_t m = t / 6000;
     const std::int32_t s = (t - 6000 * m) / 100;
-    return twoDigits(m) + QLatin1Char(':') + twoDigits(s) + QLatin1Char('.') + twoDigits(t - 6000 * m - 100 * s);
+    return twoDigits(m) + QLatin1Char(':') + twoDigits(s) + QLatin1Char('.') +
+           twoDigits(t - 6000 * m - 100 * s);
 }
 
 QString sampleText(std::int32_t sample, std::int32_t rate)
@@ -68,7 +69,7 @@ QString durationText(std::int32_t ms)
     const double fraction = withinSecond(ms);
     const QString digits = QString::number(fraction, 'g', 15);
     return minutesAndSeconds(ms) + QLatin1Char('.') +
-        (fraction > 9 && fraction < 10 ? QLatin1Char('0') + digits : digits.left(2));
+           (fraction > 9 && fraction < 10 ? QLatin1Char('0') + digits : digits.left(2));
 }
 
 QString positionText(std::int32_t ms)

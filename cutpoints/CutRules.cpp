@@ -12,7 +12,9 @@ void sortCuts(std::span<std::int32_t> cuts, std::int32_t count)
 std::int32_t partAt(Twips x, std::span<const std::int32_t> cuts, std::int32_t count, Twips width,
                     std::int32_t totalSamples)
 {
-    const auto p = [&](std::int32_t i) { return twipsOfSample(width, totalSamples, cuts[static_cast<std::size_t>(i)]); };
+    const auto p = [&](std::int32_t i) {
+        return twipsOfSample(width, totalSamples, cuts[static_cast<std::size_t>(i)]);
+    };
     if (p(1) > x) return 0;
     if (p(count) < x) return lastPart;
     for (std::int32_t i = 1; i < count; ++i)
@@ -50,7 +52,9 @@ void removePart(std::vector<PartRecord>& parts, std::int32_t sample, std::int32_
 Highlight highlightOf(std::int32_t code, std::span<const std::int32_t> cuts, std::int32_t count, Twips width,
                       std::int32_t totalSamples)
 {
-    const auto x = [&](std::int32_t i) { return xOfSample(width, totalSamples, cuts[static_cast<std::size_t>(i)]); };
+    const auto x = [&](std::int32_t i) {
+        return xOfSample(width, totalSamples, cuts[static_cast<std::size_t>(i)]);
+    };
     if (count == 0) return {width, 0, 0};
     if (code == 0) return {static_cast<Twips>(x(1)), 0, 0};
     const std::int32_t from = code == lastPart ? count : code;

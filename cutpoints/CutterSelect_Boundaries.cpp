@@ -68,7 +68,8 @@ void CutterSelect::applyStartMove(int row, std::int32_t to)
     const auto T = [](std::int32_t s) { return sampleText(s, SampleRate); };
     const bool isLast = row >= ListView1.rowCount();
     ListView1.setCell(row, Column::Start, T(to));
-    ListView1.setCell(row, Column::Duration, T((isLast ? TotalSamples : CutPoints.at(static_cast<std::size_t>(row))) - to));
+    ListView1.setCell(row, Column::Duration,
+                      T((isLast ? TotalSamples : CutPoints.at(static_cast<std::size_t>(row))) - to));
     ListView1.setCell(row, Column::SampleStart, QString::number(to));
     Label16.setText(ListView1.cell(row, Column::Duration));
     Text1.setText(ListView1.cell(row, Column::Start));
@@ -86,7 +87,8 @@ void CutterSelect::applyEndMove(int row, std::int32_t to)
     const auto T = [](std::int32_t s) { return sampleText(s, SampleRate); };
     ListView1.setCell(row, Column::End, T(to));
     Text2.setText(T(to));
-    ListView1.setCell(row, Column::Duration, T(row == 1 ? to : to - CutPoints.at(static_cast<std::size_t>(row - 1))));
+    ListView1.setCell(row, Column::Duration,
+                      T(row == 1 ? to : to - CutPoints.at(static_cast<std::size_t>(row - 1))));
     Label16.setText(ListView1.cell(row, Column::Duration));
 
     const bool isNextLast = row + 1 == ListView1.rowCount();
@@ -113,7 +115,8 @@ void CutterSelect::finishMove(std::int32_t from, std::int32_t to)
 
 void CutterSelect::ClearPartDetails()
 {
-    for (QWidget* control : std::initializer_list<QWidget*>{&Text1, &UpDown1, &UpDown3, &Text2, &UpDown2, &UpDown4})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&Text1, &UpDown1, &UpDown3, &Text2, &UpDown2, &UpDown4})
         control->setEnabled(false);
     Label11.setText(QString());
     Text1.setText(QString::fromLatin1(zeroTime));
@@ -128,8 +131,10 @@ void CutterSelect::ClearPartDetails()
 
 void CutterSelect::ShowPartDetails(bool isFirst, bool isLast)
 {
-    for (QWidget* control : std::initializer_list<QWidget*>{&Text1, &UpDown1, &UpDown3}) control->setEnabled(!isFirst);
-    for (QWidget* control : std::initializer_list<QWidget*>{&Text2, &UpDown2, &UpDown4}) control->setEnabled(!isLast);
+    for (QWidget* control : std::initializer_list<QWidget*>{&Text1, &UpDown1, &UpDown3})
+        control->setEnabled(!isFirst);
+    for (QWidget* control : std::initializer_list<QWidget*>{&Text2, &UpDown2, &UpDown4})
+        control->setEnabled(!isLast);
     TextTitle.setEnabled(true);
     SetPartMenus(true);
     Toolbar1.Buttons(15).setEnabled(true);
@@ -158,9 +163,7 @@ void CutterSelect::TextTitle_KeyUp()
     }
 }
 
-// A window that goes away with the title in focus tells of it when the list has already gone.
 void CutterSelect::clearDetailsWithoutRow()
 {
-    if (MainForm != this) return;
     if (ListView1.selectedRow() == 0) ClearPartDetails();
 }

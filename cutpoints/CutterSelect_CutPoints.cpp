@@ -1,4 +1,5 @@
-// The table of cut points: adding one at the position line, deleting one or all, and the parts list made from it.
+// The table of cut points: adding one at the position line, deleting one or all, and the parts list made from
+// it.
 #include "core/CutterSelect.h"
 
 #include "core/WaveScale.h"
@@ -25,8 +26,8 @@ bool CutterSelect::refuseCut()
     return true;
 }
 
-// The new marker keeps the index of its creation even where sorting moves its sample down the table; its tag is the
-// only link between the two.
+// The new marker keeps the index of its creation even where sorting moves its sample down the table; its tag
+// is the only link between the two.
 void CutterSelect::addCut(Twips x)
 {
     ++CutCount;
@@ -48,7 +49,8 @@ void CutterSelect::DeleteEntryCutPoint_Click()
         return;
     }
     if (CutCount == 0) return;    // the code of a part outlives its cuts
-    const std::int32_t p = CutPoints.at(static_cast<std::size_t>(SelectedPart == lastPart ? CutCount : SelectedPart));
+    const std::int32_t p =
+        CutPoints.at(static_cast<std::size_t>(SelectedPart == lastPart ? CutCount : SelectedPart));
     for (MarkerIndex = 1; MarkerIndex < CutCount; ++MarkerIndex)
         if (CutPoints.at(static_cast<std::size_t>(MarkerIndex)) == p) break;
     removePart(PartTable, p, CutCount);
@@ -84,7 +86,8 @@ std::int32_t CutterSelect::FindPartAt(Twips x) const
 void CutterSelect::FillPartsList()
 {
     ListView1.clearRows();
-    for (const PartRow& row : partRows(CutPoints, CutCount, TotalSamples, SampleRate, PartTable)) ListView1.addRow(row);
+    for (const PartRow& row : partRows(CutPoints, CutCount, TotalSamples, SampleRate, PartTable))
+        ListView1.addRow(row);
 }
 
 void CutterSelect::SortCutPoints()

@@ -1,5 +1,5 @@
-// Dragging the handle of a cut. A handle stands at x - 25 when it is made and at x - 30 while it is dragged, and the
-// pointer is read as Left + X + 30.
+// Dragging the handle of a cut. A handle stands at x - 25 when it is made and at x - 30 while it is dragged,
+// and the pointer is read as Left + X + 30.
 #include "core/CutterSelect.h"
 
 #include "core/TimeText.h"
@@ -36,8 +36,8 @@ void CutterSelect::Bop_MouseDown(int index, int button, int, Twips X, Twips)
     DragStartX = toLong(X);
 }
 
-// A handle pressed here has no release of its own, so the drag goes on over the handles of the waveform until one of
-// them is released.
+// A handle pressed here has no release of its own, so the drag goes on over the handles of the waveform until
+// one of them is released.
 void CutterSelect::Bop1_MouseDown(int index, int button, int shift, Twips X, Twips Y)
 {
     if (!Picture2.isHidden()) Picture2.hide();

@@ -24,7 +24,8 @@ int CutterSelect::rowOf(std::int32_t code) const
 
 void CutterSelect::layHighlight()
 {
-    const Highlight highlight = highlightOf(SelectedPart, CutPoints, CutCount, Picture1.Width(), TotalSamples);
+    const Highlight highlight =
+        highlightOf(SelectedPart, CutPoints, CutCount, Picture1.Width(), TotalSamples);
     Picture2.setWidth(highlight.width);
     Picture2.setLeft(highlight.left);
     Picture3.setLeft(highlight.innerLeft);
@@ -76,5 +77,6 @@ void CutterSelect::showPanel(const PictureButton& chosen, QWidget& shown)
     const std::initializer_list<std::pair<Label*, const PictureButton*>> captions{
         {&Label6, &Image22}, {&Label5, &Image23}, {&Label7, &Image24}};
     for (const auto& [caption, tab] : captions) showTabCaption(*caption, tab == &chosen);
-    for (QWidget* side : std::initializer_list<QWidget*>{&PicTag, &PicOutput, &ListView1}) side->setVisible(side == &shown);
+    for (QWidget* side : std::initializer_list<QWidget*>{&PicTag, &PicOutput, &ListView1})
+        side->setVisible(side == &shown);
 }

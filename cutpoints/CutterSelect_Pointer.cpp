@@ -1,5 +1,5 @@
-// What a press, a move, a double click and an arrow key do on the waveform. The height of the pointer decides first,
-// then the tool.
+// What a press, a move, a double click and an arrow key do on the waveform. The height of the pointer decides
+// first, then the tool.
 #include "core/CutterSelect.h"
 
 #include "core/WaveScale.h"
@@ -65,7 +65,8 @@ void CutterSelect::Picture1_MouseMove(int, int, Twips, Twips Y)
     else
         Picture1.setMousePointer(customCursor(QStringLiteral("SELECTION"), dpr));
     if (ToolMode != scissors || Y == rulerBottom || Y >= barTop) return;
-    const QCursor tool = customCursor(Y < rulerBottom ? QStringLiteral("CURSEUR") : QStringLiteral("CUTTERZ"), dpr);
+    const QCursor tool =
+        customCursor(Y < rulerBottom ? QStringLiteral("CURSEUR") : QStringLiteral("CUTTERZ"), dpr);
     Picture1.setMousePointer(tool);
     Picture3.setMousePointer(tool);
 }
@@ -99,7 +100,8 @@ void CutterSelect::Picture3_MouseDown(int, int, Twips X, Twips)
         if (X > 0 && X < Picture1.Width()) addCutByPointer(X, true);
     } else if (ToolMode == 1) {
         ClearPartDetails();
-        SetPosition(X);    // Kept: the part stays selected, so a play still plays it although nothing shows it
+        SetPosition(
+            X);    // Kept: the part stays selected, so a play still plays it although nothing shows it
     }
 }
 

@@ -14,6 +14,6 @@ struct DragLimits {
 DragLimits dragLimits(std::span<const std::int32_t> cuts, std::int32_t count, std::int32_t index,
                       std::int32_t totalSamples, std::int32_t rate);
 
-/// Where a handle pulled to x stands, in whole twips; `low` and `high` are the positions of the limits. The upper
-/// limit is tested first, which decides where neighbours stand closer than a second.
+/// Where a handle pulled to x stands, in whole twips; `low` and `high` are the positions of the limits. The
+/// upper limit is tested first, which decides where neighbours stand closer than a second.
 std::int32_t heldWithin(Twips x, Twips low, Twips high);

@@ -16,8 +16,8 @@ QString titleAt(std::int32_t sample, std::span<const PartRecord> parts)
 
 }
 
-std::vector<PartRow> partRows(std::span<const std::int32_t> cuts, std::int32_t count, std::int32_t totalSamples,
-                              std::int32_t rate, std::span<const PartRecord> parts)
+std::vector<PartRow> partRows(std::span<const std::int32_t> cuts, std::int32_t count,
+                              std::int32_t totalSamples, std::int32_t rate, std::span<const PartRecord> parts)
 {
     std::vector<PartRow> rows;
     if (count < 1) return rows;
@@ -26,8 +26,9 @@ std::vector<PartRow> partRows(std::span<const std::int32_t> cuts, std::int32_t c
         const bool isLast = r == count + 1;
         const std::int32_t start = r == 1 ? 0 : cuts[static_cast<std::size_t>(r - 1)];
         const std::int32_t end = isLast ? totalSamples : cuts[static_cast<std::size_t>(r)] - 1;
-        rows.push_back({QStringLiteral("Part.") + twoDigits(r), sampleText(start, rate), sampleText(end, rate),
-                        sampleText(end - start, rate), titleAt(start, known), QString::number(start)});
+        rows.push_back({QStringLiteral("Part.") + twoDigits(r), sampleText(start, rate),
+                        sampleText(end, rate), sampleText(end - start, rate), titleAt(start, known),
+                        QString::number(start)});
     }
     return rows;
 }

@@ -13,5 +13,6 @@ struct PartRow {
 };
 
 /// One row for each part; none while there is no cut.
-std::vector<PartRow> partRows(std::span<const std::int32_t> cuts, std::int32_t count, std::int32_t totalSamples,
-                              std::int32_t rate, std::span<const PartRecord> parts);
+std::vector<PartRow> partRows(std::span<const std::int32_t> cuts, std::int32_t count,
+                              std::int32_t totalSamples, std::int32_t rate,
+                              std::span<const PartRecord> parts);

@@ -13,8 +13,8 @@ PartsListView::PartsListView(QWidget* parent, const QString& name, QRectF placeP
 {
     put(*this, name, placePx);
     setColumnCount(6);
-    setHeaderLabels({QStringLiteral("Part"), QStringLiteral("Start"), QStringLiteral("End"), QStringLiteral("Duration"),
-                     QStringLiteral("Title"), QStringLiteral("Sample Start")});
+    setHeaderLabels({QStringLiteral("Part"), QStringLiteral("Start"), QStringLiteral("End"),
+                     QStringLiteral("Duration"), QStringLiteral("Title"), QStringLiteral("Sample Start")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -43,7 +43,8 @@ void PartsListView::clearRows()
 
 void PartsListView::addRow(const PartRow& row)
 {
-    auto* item = new QTreeWidgetItem(this, {row.name, row.start, row.end, row.duration, row.title, row.sampleStart});
+    auto* item =
+        new QTreeWidgetItem(this, {row.name, row.start, row.end, row.duration, row.title, row.sampleStart});
     item->setIcon(Part, icon(QStringLiteral("part")));
 }
 

@@ -1,4 +1,5 @@
-// Widget: the parts list. One row is selected or none; a press beside the rows changes nothing and is no click.
+// Widget: the parts list. One row is selected or none; a press beside the rows changes nothing and is no
+// click.
 #pragma once
 
 #include "cutpoints/PartRows.h"

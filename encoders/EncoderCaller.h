@@ -8,9 +8,9 @@ class CutterSelect;
 class QWidget;
 
 struct EncoderCaller {
-    QWidget* owner;                                        ///< the form that the dialog is modal to
-    AudioFile& writer;                                     ///< gets the format
-    std::function<void(const QString& formatString)> show; ///< shows the writer's format
+    QWidget* owner;                                           ///< the form that the dialog is modal to
+    AudioFile& writer;                                        ///< gets the format
+    std::function<void(const QString& formatString)> show;    ///< shows the writer's format
 };
 
 /// The main form, which shows the format line in its status bar.

@@ -66,7 +66,7 @@ void Mp3Tabs::fillFiltering()
     udHFiltF.setUp(0, 48000, 10, 30);
     udHFiltW.setUp(0, 48000, 10, 5);
     udLFiltF.setUp(0, 48000, 10, 15160);
-    udLFiltW.setUp(0, 48000, 10, 750); // Kept: the fill puts 760 for a width of 0
+    udLFiltW.setUp(0, 48000, 10, 750);    // Kept: the fill puts 760 for a width of 0
 }
 
 void Mp3Tabs::fillVbr()

@@ -11,7 +11,7 @@
 struct Mp3Tabs {
     explicit Mp3Tabs(QDialog& window);
 
-    QTabWidget tabMP3; ///< 0 General, 1 Filtering, 2 VBR, 3 Expert, 4 Preset, 5 Alt-Preset, 6 Command Line
+    QTabWidget tabMP3;    ///< 0 General, 1 Filtering, 2 VBR, 3 Expert, 4 Preset, 5 Alt-Preset, 6 Command Line
     QWidget general, filtering, vbr, expert, presets, altPresets, commandLine;
 
     // ---- General
@@ -31,14 +31,14 @@ struct Mp3Tabs {
     // ---- Filtering
     Frame frmHFilt{&filtering, "frmHFilt", {14, 8, 466, 116}, "HighPass Filter"};
     QCheckBox chHFilt{&frmHFilt};
-    NumberBox udHFiltF{&frmHFilt, "udHFiltF", "tHFiltF", {336, 32, 114, 28}}; ///< Hz
+    NumberBox udHFiltF{&frmHFilt, "udHFiltF", "tHFiltF", {336, 32, 114, 28}};    ///< Hz
     FieldLabel lblHFiltW{&frmHFilt, "lblHFiltW", {38, 72, 290, 28}, "Width of Highpass filter (in Hz):"};
-    NumberBox udHFiltW{&frmHFilt, "udHFiltW", "tHFiltW", {336, 72, 114, 28}}; ///< Hz
+    NumberBox udHFiltW{&frmHFilt, "udHFiltW", "tHFiltW", {336, 72, 114, 28}};    ///< Hz
     Frame frmLFilt{&filtering, "frmLFilt", {14, 138, 466, 116}, "LowPass Filter"};
     QCheckBox chLFilt{&frmLFilt};
-    NumberBox udLFiltF{&frmLFilt, "udLFiltF", "tLFiltF", {336, 32, 114, 28}}; ///< Hz
+    NumberBox udLFiltF{&frmLFilt, "udLFiltF", "tLFiltF", {336, 32, 114, 28}};    ///< Hz
     FieldLabel lblLFiltW{&frmLFilt, "lblLFiltW", {38, 72, 290, 28}, "Width of Lowpass filter (in Hz):"};
-    NumberBox udLFiltW{&frmLFilt, "udLFiltW", "tLFiltW", {336, 72, 114, 28}}; ///< Hz
+    NumberBox udLFiltW{&frmLFilt, "udLFiltW", "tLFiltW", {336, 72, 114, 28}};    ///< Hz
 
     // ---- VBR
     FieldLabel Label14{&vbr, "Label14", {28, 12, 210, 28}, "Coding Method:"};
@@ -47,7 +47,7 @@ struct Mp3Tabs {
     NumberBox udVbrQuality{&vbr, "udVbrQuality", "txtVbrQuality", {250, 48, 114, 28}};
     // Kept: spelled so.
     FieldLabel lblAbrBitrate{&vbr, "lblAbrBitrate", {28, 84, 210, 28}, "Targed bitrate for ABR:"};
-    NumberBox udAbrBitrate{&vbr, "udAbrBitrate", "txtAbrBitrate", {250, 84, 114, 28}}; ///< kbit/s
+    NumberBox udAbrBitrate{&vbr, "udAbrBitrate", "txtAbrBitrate", {250, 84, 114, 28}};    ///< kbit/s
     Frame frmVbrBitrate{&vbr, "frmVbrBitrate", {14, 122, 466, 88}, "Maximum VBR Bitrate"};
     SettingsSlider sldrVbrBitrate{
         &frmVbrBitrate, "sldrVbrBitrate", {14, 26, 438, 32}, lastBitratePosition, 2};

@@ -30,9 +30,9 @@ class SettingsSlider : public QSlider {
 public:
     SettingsSlider(QWidget* parent, const QString& name, QRectF placePx, int last, int largeStep);
 
-    std::function<void(int position)> onMove; ///< the rule that a move runs, whoever moves it
-    void set(int position);                   ///< a move by the program; clipped to the range
-    void setPopUpText(const QString& text);   ///< shown above the knob while it moves
+    std::function<void(int position)> onMove;    ///< the rule that a move runs, whoever moves it
+    void set(int position);                      ///< a move by the program; clipped to the range
+    void setPopUpText(const QString& text);      ///< shown above the knob while it moves
 };
 
 /// An up-down with its text box, which is named apart.

@@ -129,4 +129,7 @@ void frmMP3::cmdOk_Click()
     accept();
 }
 
-void frmMP3::done(int) { Mp3SettingsForm.unload(); }
+void frmMP3::done(int)
+{
+    Mp3SettingsForm.unload();
+}

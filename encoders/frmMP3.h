@@ -14,10 +14,10 @@ class frmMP3 : public QDialog, public Mp3Tabs {
 public:
     frmMP3();
 
-    Mp3Format* MP3LameEncoder = nullptr; ///< the object being edited
-    std::int16_t Preset = 1;             ///< chosen preset, 1 to 11
-    std::int16_t AltPreset = 1;          ///< chosen alt-preset, 1 to 5
-    std::int32_t CallerMode = 0;         ///< 3 main form, 4 joiner
+    Mp3Format* MP3LameEncoder = nullptr;    ///< the object being edited
+    std::int16_t Preset = 1;                ///< chosen preset, 1 to 11
+    std::int16_t AltPreset = 1;             ///< chosen alt-preset, 1 to 5
+    std::int32_t CallerMode = 0;            ///< 3 main form, 4 joiner
 
     /// Takes the caller's object and fills the dialog, which the caller then shows modally. Throws
     /// ConversionError when the object holds a value for which a list has no row.
@@ -41,7 +41,7 @@ public:
     void cmdOk_Click();
 
     void unloading() {}
-    void done(int result) override; ///< every way out unloads the form
+    void done(int result) override;    ///< every way out unloads the form
 
 private:
     void attach();

@@ -11,7 +11,10 @@ enum Tab { TabPreset = 4, TabAltPreset = 5, TabCommandLine = 6 };
 
 constexpr std::int32_t noFilter = -1;
 
-std::int16_t shortRow(const QComboBox& list) { return static_cast<std::int16_t>(list.currentIndex()); }
+std::int16_t shortRow(const QComboBox& list)
+{
+    return static_cast<std::int16_t>(list.currentIndex());
+}
 
 std::int32_t bitrateOf(const SettingsSlider& slider)
 {

@@ -3,10 +3,10 @@
 
 namespace {
 
-constexpr int unusedHighpassFrequency = 30; // Hz, shown while there is no filter
+constexpr int unusedHighpassFrequency = 30;    // Hz, shown while there is no filter
 constexpr int unusedLowpassFrequency = 15160;
 constexpr int defaultHighpassWidth = 5;
-constexpr int defaultLowpassWidth = 760; // Kept: before the first fill the box holds 750
+constexpr int defaultLowpassWidth = 760;    // Kept: before the first fill the box holds 750
 
 // Kept: a bitrate that the table doesn't have leaves the slider where it is.
 void showBitrate(SettingsSlider& slider, std::int32_t kbit)
@@ -14,7 +14,10 @@ void showBitrate(SettingsSlider& slider, std::int32_t kbit)
     if (const int position = positionOfBitrate(kbit); position >= 0) slider.set(position);
 }
 
-QString currentBitrate(std::int32_t kbit) { return QStringLiteral("Current bitrate: %1 kbit").arg(kbit); }
+QString currentBitrate(std::int32_t kbit)
+{
+    return QStringLiteral("Current bitrate: %1 kbit").arg(kbit);
+}
 
 // Shows a frequency, below 0 for no filter, with the width that belongs to it.
 void showFilter(QCheckBox& isOn, NumberBox& frequencyBox, std::int32_t frequency, int unusedFrequency)

@@ -119,11 +119,20 @@ void frmOgg::showMembers()
     lblMaxBitrate.setText(captionOf("max", MaxBitrate));
 }
 
-void frmOgg::sldrBitrate_Change() { takeBitrate(Bitrate, sldrBitrate, lblBitrate, "nominal"); }
+void frmOgg::sldrBitrate_Change()
+{
+    takeBitrate(Bitrate, sldrBitrate, lblBitrate, "nominal");
+}
 
-void frmOgg::sldrMinBitrate_Change() { takeBitrate(MinBitrate, sldrMinBitrate, lblMinBitrate, "min"); }
+void frmOgg::sldrMinBitrate_Change()
+{
+    takeBitrate(MinBitrate, sldrMinBitrate, lblMinBitrate, "min");
+}
 
-void frmOgg::sldrMaxBitrate_Change() { takeBitrate(MaxBitrate, sldrMaxBitrate, lblMaxBitrate, "max"); }
+void frmOgg::sldrMaxBitrate_Change()
+{
+    takeBitrate(MaxBitrate, sldrMaxBitrate, lblMaxBitrate, "max");
+}
 
 void frmOgg::sldrQuality_Change()
 {
@@ -154,7 +163,7 @@ void frmOgg::chVbr_Click()
     if (isOn)
         frmVbr.setEnabled(true);
     else
-        frmQuality.setEnabled(false); // Kept: switching VBR off takes the frame of the quality away
+        frmQuality.setEnabled(false);    // Kept: switching VBR off takes the frame of the quality away
     setEnabledAll({&sldrMinBitrate, &sldrMaxBitrate, &lblMinBitrate, &lblMaxBitrate}, isOn);
     VbrEnabled = isOn;
 }
@@ -164,4 +173,7 @@ void frmOgg::cmdOk_Click()
     if (ApplySettings()) accept();
 }
 
-void frmOgg::done(int) { OggSettingsForm.unload(); }
+void frmOgg::done(int)
+{
+    OggSettingsForm.unload();
+}

@@ -15,13 +15,13 @@ class frmOgg : public QDialog {
 public:
     frmOgg();
 
-    std::int16_t Bitrate = 128;    ///< nominal, kbit/s
-    std::int16_t MinBitrate = 128; ///< kbit/s
-    std::int16_t MaxBitrate = 128; ///< kbit/s
+    std::int16_t Bitrate = 128;       ///< nominal, kbit/s
+    std::int16_t MinBitrate = 128;    ///< kbit/s
+    std::int16_t MaxBitrate = 128;    ///< kbit/s
     bool VbrEnabled = false;
-    std::int16_t Quality = 300; ///< 0 to 1000
+    std::int16_t Quality = 300;    ///< 0 to 1000
     bool QualityEnabled = false;
-    std::int32_t CallerMode = 0; ///< 3 main form, 6 joiner
+    std::int32_t CallerMode = 0;    ///< 3 main form, 6 joiner
 
     // ---- controls
     Frame frmChMode{this, "frmChMode", {12, 10, 156, 80}, "Channels Mode"};
@@ -64,7 +64,7 @@ public:
     void cmdOk_Click();
 
     void unloading() {}
-    void done(int result) override; ///< every way out unloads the form
+    void done(int result) override;    ///< every way out unloads the form
 
 private:
     void lay();

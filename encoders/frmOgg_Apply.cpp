@@ -16,7 +16,7 @@ bool frmOgg::ApplySettings()
 {
     const std::int32_t rate = selectedRate(cmbFrequency);
     const std::int32_t channels = cmbChMode.currentIndex() + 1;
-    store(rate, channels); // Kept: also what the encoder is about to refuse
+    store(rate, channels);    // Kept: also what the encoder is about to refuse
     if (!setUpWriter(rate, channels)) {
         MsgBox(QStringLiteral("Incorrect format"), Icon::Critical);
         return false;
@@ -34,7 +34,7 @@ void frmOgg::store(std::int32_t rate, std::int32_t channels) const
         {"4", channels},
         {"5", Quality},
         {"6", Bitrate},
-        {"6", MinBitrate}, // Kept: the same key again, so that the minimum is what stays in it
+        {"6", MinBitrate},    // Kept: the same key again, so that the minimum is what stays in it
         {"7", MaxBitrate},
     };
     for (const auto& [key, value] : values)

@@ -39,7 +39,7 @@ void frmWMA::Form_Load(CutterSelect& form)
 {
     form_ = &form;
     if (parentWidget() != form_) setParent(&form, windowFlags());
-    const QSignalBlocker quiet(udWMAProfile); // nothing is stored before the user makes a step
+    const QSignalBlocker quiet(udWMAProfile);    // nothing is stored before the user makes a step
     skipFaults([&] { form_->FileWenc->SetFormatWMA(defaultWmaProfile); });
     skipFaults([&] { udWMAProfile.setMaximum(form_->FileWenc->GetWmaProfileCount()); });
     skipFaults([&] {
@@ -64,7 +64,10 @@ void frmWMA::showProfile()
     txtWMAFormatString.setCursorPosition(0);
 }
 
-void frmWMA::showFormatLine() { form_->showFormatLine(); }
+void frmWMA::showFormatLine()
+{
+    form_->showFormatLine();
+}
 
 void frmWMA::cmdOk_Click()
 {
@@ -72,4 +75,7 @@ void frmWMA::cmdOk_Click()
     accept();
 }
 
-void frmWMA::done(int) { WmaSettingsForm.unload(); }
+void frmWMA::done(int)
+{
+    WmaSettingsForm.unload();
+}

@@ -15,7 +15,7 @@ public:
     frmWMA();
 
     Frame frmWMAFormat{this, "frmWMAFormat", {12, 10, 436, 78}, "WMA Format"};
-    QLineEdit txtWMAFormatString{&frmWMAFormat}; ///< what the engine says of the profile
+    QLineEdit txtWMAFormatString{&frmWMAFormat};    ///< what the engine says of the profile
     NumberBox udWMAProfile{&frmWMAFormat, "udWMAProfile", "txtWMAProfile", {342, 32, 78, 28}};
     QPushButton cmdOk{this};
 
@@ -25,7 +25,7 @@ public:
     void cmdOk_Click();
 
     void unloading() {}
-    void done(int result) override; ///< every way out unloads the form
+    void done(int result) override;    ///< every way out unloads the form
 
 private:
     void showProfile();

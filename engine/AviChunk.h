@@ -29,7 +29,7 @@ struct AviChunk {
     int indexOf() const { return name[0] == 'i' && name[1] == 'x' ? number(name[2], name[3]) : -1; }
 
     std::uint8_t name[4]{};
-    std::uint32_t bytes = 0; ///< behind the head, a byte that fills up to an even length not counted
+    std::uint32_t bytes = 0;    ///< behind the head, a byte that fills up to an even length not counted
 
 private:
     static bool digit(std::uint8_t c) { return c >= '0' && c <= '9'; }

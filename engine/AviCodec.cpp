@@ -32,7 +32,7 @@ CodecSetup learnCodec(AviInput&& input, const CodecSetup& setup)
     return decoder.setup();
 }
 
-} // namespace
+}    // namespace
 
 std::optional<AviSource> findAviSource(const std::shared_ptr<const SourceFile>& file)
 {

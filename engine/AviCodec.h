@@ -8,8 +8,8 @@
 /// A file that we walk through ourselves.
 struct AviSource {
     AviFile avi;
-    AviSound sound;   ///< the first that a decoder opens, as the header has it
-    CodecSetup codec; ///< as its first packets show it; the header often has the codec or the rate wrong
+    AviSound sound;      ///< the first that a decoder opens, as the header has it
+    CodecSetup codec;    ///< as its first packets show it; the header often has the codec or the rate wrong
 };
 
 /// Empty where the file is no AVI, or nothing in it that we understand can be decoded.

@@ -12,12 +12,12 @@ extern "C" {
 
 namespace {
 
-constexpr int mostChunks = 2000; // ahead of the first of a stream; a damaged file could name millions
-constexpr int mostStreams = 100; // two digits name them
+constexpr int mostChunks = 2000;    // ahead of the first of a stream; a damaged file could name millions
+constexpr int mostStreams = 100;    // two digits name them
 constexpr std::uint32_t longestChunk = 1'000'000;
 constexpr std::size_t longestForm = 64 * 1024;
 constexpr std::size_t streamHeadBytes = 48;
-constexpr std::uint32_t orderIsInTheIndex = 0x20; // of the flags in the main header
+constexpr std::uint32_t orderIsInTheIndex = 0x20;    // of the flags in the main header
 
 /// Reads the header chunk by chunk. Every member function returns false where it meets something unusual.
 class HeaderReader {
@@ -34,9 +34,9 @@ private:
     bool takeForm(AviFile& avi);
 
     const SourceFile& file_;
-    std::int64_t at_ = 12; ///< of the chunk
+    std::int64_t at_ = 12;    ///< of the chunk
     AviChunk chunk_;
-    bool sound_ = false; ///< the current stream is one of sound, whose form is still to come
+    bool sound_ = false;    ///< the current stream is one of sound, whose form is still to come
     bool done_ = false;
     int unitBytes_ = 0;
 };
@@ -98,7 +98,7 @@ bool HeaderReader::takeStreamHead(AviFile& avi)
     const bool picture = isName(&head[0], "vids");
     sound_ = isName(&head[0], "auds");
     if (!picture && !sound_ && !isName(&head[0], "txts") && !isName(&head[0], "dats")) return false;
-    if (sound_ && isName(&head[4], "Axan")) return false; // claims another codec than it has
+    if (sound_ && isName(&head[4], "Axan")) return false;    // claims another codec than it has
     if (avi.streams == 0) avi.pictureFirst = picture;
     unitBytes_ = static_cast<int>(std::min<std::uint32_t>(AV_RL32(&head[44]), longestChunk));
     ++avi.streams;
@@ -108,7 +108,7 @@ bool HeaderReader::takeStreamHead(AviFile& avi)
 /// Many programs write a wrong size of units; then the size of the codec's blocks counts.
 int trueUnit(int unitBytes, const AVCodecParameters& codec)
 {
-    constexpr int mp3Frames = 1152; // a length in samples, in the place of one in bytes
+    constexpr int mp3Frames = 1152;    // a length in samples, in the place of one in bytes
     if (unitBytes > 0 && codec.block_align > 0) unitBytes = codec.block_align;
     if (codec.codec_id == AV_CODEC_ID_MP3 && unitBytes == mp3Frames) return 0;
     if (codec.codec_id == AV_CODEC_ID_AAC && (unitBytes == 1024 || unitBytes == 4096)) return 0;
@@ -127,7 +127,7 @@ bool HeaderReader::takeForm(AviFile& avi)
     return true;
 }
 
-} // namespace
+}    // namespace
 
 std::optional<AviFile> findAviFile(const SourceFile& file)
 {

@@ -12,8 +12,9 @@ namespace {
 constexpr std::int64_t streamPiece = 64 * 1024;
 constexpr std::int64_t longestWhole = 16 * 1024 * 1024;
 constexpr std::int64_t pcmFrames = 4096;
-constexpr std::int64_t countedFrames = 64 * 1024; // so that no piece is beyond an int, whatever the channels
-constexpr std::int64_t smallUnit = 32;            // of these, many make a piece
+constexpr std::int64_t countedFrames =
+    64 * 1024;                            // so that no piece is beyond an int, whatever the channels
+constexpr std::int64_t smallUnit = 32;    // of these, many make a piece
 constexpr std::int64_t smallUnits = 1024;
 
 /// Codecs whose frames the parser finds in bytes cut up in any way.
@@ -39,7 +40,7 @@ bool needsNoParser(const AVCodecParameters& codec)
            (codec.codec_id == AV_CODEC_ID_AAC && codec.extradata_size > 0);
 }
 
-} // namespace
+}    // namespace
 
 AviInput::AviInput(std::shared_ptr<const SourceFile> file, const AviFile& avi, const AviSound& sound)
     : file_(std::move(file)), walk_(*file_, avi, sound.stream), about_(avcodec_alloc_context3(nullptr))
@@ -52,11 +53,20 @@ AviInput::AviInput(std::shared_ptr<const SourceFile> file, const AviFile& avi, c
 
 AviInput::~AviInput() = default;
 
-void AviInput::FreeParser::operator()(AVCodecParserContext* parser) const { av_parser_close(parser); }
+void AviInput::FreeParser::operator()(AVCodecParserContext* parser) const
+{
+    av_parser_close(parser);
+}
 
-void AviInput::FreeCodec::operator()(AVCodecContext* codec) const { avcodec_free_context(&codec); }
+void AviInput::FreeCodec::operator()(AVCodecContext* codec) const
+{
+    avcodec_free_context(&codec);
+}
 
-AVCodecID AviInput::codec() const { return about_->codec_id; }
+AVCodecID AviInput::codec() const
+{
+    return about_->codec_id;
+}
 
 /// Where the codec doesn't care, the pieces are as large as is good for speed.
 void AviInput::chooseCuts(const AviSound& sound)

@@ -42,18 +42,18 @@ private:
 
     std::shared_ptr<const SourceFile> file_;
     AviWalk walk_;
-    AviWalk::Stretch chunk_; ///< what of the current chunk is still to be read
-    AviWalk::Stretch piece_; ///< taken from it
+    AviWalk::Stretch chunk_;    ///< what of the current chunk is still to be read
+    AviWalk::Stretch piece_;    ///< taken from it
     bool tooLong_ = false;
 
-    std::int64_t pieceBytes_ = 0;   ///< a chunk is cut up into pieces of so many bytes
-    std::int64_t countedBytes_ = 0; ///< the same where only sizes matter
-    bool divisible_ = true;         ///< false where a piece must be a whole chunk
-    bool sizeTells_ = false;        ///< how much sound is in a packet
+    std::int64_t pieceBytes_ = 0;      ///< a chunk is cut up into pieces of so many bytes
+    std::int64_t countedBytes_ = 0;    ///< the same where only sizes matter
+    bool divisible_ = true;            ///< false where a piece must be a whole chunk
+    bool sizeTells_ = false;           ///< how much sound is in a packet
 
-    std::unique_ptr<AVCodecContext, FreeCodec> about_;         ///< the parser's notes
-    std::unique_ptr<AVCodecParserContext, FreeParser> parser_; ///< null where a piece is a packet
-    Bytes input_; ///< what the parser works on, with the room behind it that it asks for
+    std::unique_ptr<AVCodecContext, FreeCodec> about_;            ///< the parser's notes
+    std::unique_ptr<AVCodecParserContext, FreeParser> parser_;    ///< null where a piece is a packet
+    Bytes input_;    ///< what the parser works on, with the room behind it that it asks for
     std::size_t inputBytes_ = 0, parsed_ = 0;
     bool ended_ = false;
 };

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr std::int64_t listHeadBytes = 12; // with the name of its kind
-constexpr std::int64_t spareBytes = 1;     // a last chunk may leave out the byte that fills it up
+constexpr std::int64_t listHeadBytes = 12;    // with the name of its kind
+constexpr std::int64_t spareBytes = 1;        // a last chunk may leave out the byte that fills it up
 
 }
 
@@ -66,7 +66,7 @@ AviWalk::Kind AviWalk::kindOfStream(int number) const
     if (chunk_.ends('i', 'x')) return Kind::skipped;
     if (chunk_.ends('w', 'c') || chunk_.name[2] > 127 || chunk_.name[3] > 127) return Kind::odd;
     const bool sound = chunk_.ends('w', 'b');
-    if (sound && number == 0 && avi_.pictureFirst) return Kind::odd; // which stream it means is a guess
+    if (sound && number == 0 && avi_.pictureFirst) return Kind::odd;    // which stream it means is a guess
     if (number != stream_) return Kind::skipped;
     return !sound ? Kind::odd : chunk_.bytes > 0 ? Kind::wanted : Kind::skipped;
 }

@@ -35,10 +35,10 @@ private:
 
     AviFile avi_;
     int stream_;
-    std::int64_t size_; ///< of the file on disk
+    std::int64_t size_;    ///< of the file on disk
     FileWindow window_;
-    std::int64_t at_;     ///< where the chunk before ends
-    bool uneven_ = false; ///< that one's length; a byte that fills it up may follow
-    AviChunk chunk_;      ///< at `at_`
+    std::int64_t at_;        ///< where the chunk before ends
+    bool uneven_ = false;    ///< that one's length; a byte that fills it up may follow
+    AviChunk chunk_;         ///< at `at_`
     bool lost_ = false;
 };

@@ -68,7 +68,10 @@ ChainedVorbis::ChainedVorbis(std::shared_ptr<const SourceFile> file) : file_(std
         throw EngineError(QStringLiteral("%1 is no Ogg Vorbis file").arg(file_->path()));
 }
 
-ChainedVorbis::~ChainedVorbis() { ov_clear(&vorbis_); }
+ChainedVorbis::~ChainedVorbis()
+{
+    ov_clear(&vorbis_);
+}
 
 std::optional<SoundInfo> ChainedVorbis::inspect(std::shared_ptr<const SourceFile> file)
 {
@@ -138,4 +141,7 @@ int ChainedVorbis::seekBytes(void* self, ogg_int64_t offset, int whence)
     return 0;
 }
 
-long ChainedVorbis::tellBytes(void* self) { return static_cast<ChainedVorbis*>(self)->position_; }
+long ChainedVorbis::tellBytes(void* self)
+{
+    return static_cast<ChainedVorbis*>(self)->position_;
+}

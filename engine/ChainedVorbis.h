@@ -29,7 +29,7 @@ private:
     std::shared_ptr<const SourceFile> file_;
     std::int64_t position_ = 0;
     OggVorbis_File vorbis_;
-    SampleArray pending_; ///< read already, but of another form than the block before it
+    SampleArray pending_;    ///< read already, but of another form than the block before it
     SoundFormat pendingFormat_;
 
     static std::size_t readBytes(void* to, std::size_t size, std::size_t count, void* self);

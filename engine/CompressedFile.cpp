@@ -20,9 +20,9 @@ extern "C" {
 
 namespace {
 
-constexpr int mostSilentPackets = 1000; // without a first sound there is none to come
-constexpr int shortSeconds = 10;        // over before a second thread has helped
-constexpr int mostThreads = 8;          // each keeps a batch in memory
+constexpr int mostSilentPackets = 1000;    // without a first sound there is none to come
+constexpr int shortSeconds = 10;           // over before a second thread has helped
+constexpr int mostThreads = 8;             // each keeps a batch in memory
 
 struct Name {
     const char* of;
@@ -151,7 +151,7 @@ std::optional<CompressedFile> inspectAvi(const std::shared_ptr<const SourceFile>
     return found;
 }
 
-} // namespace
+}    // namespace
 
 CompressedFile inspectFile(std::shared_ptr<const SourceFile> file, bool wmaEnabled)
 {

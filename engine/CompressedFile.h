@@ -9,10 +9,10 @@
 struct CompressedFile {
     std::shared_ptr<const SourceFile> file;
     SoundInfo info;
-    bool chained = false; ///< several Ogg Vorbis streams one behind the other
-    int stream = 0;       ///< which of the file's streams, and how to decode it; not where it is chained
+    bool chained = false;    ///< several Ogg Vorbis streams one behind the other
+    int stream = 0;          ///< which of the file's streams, and how to decode it; not where it is chained
     CodecSetup codec;
-    std::optional<AviSource> avi; ///< where we walk through it ourselves
+    std::optional<AviSource> avi;    ///< where we walk through it ourselves
 };
 
 /// Throws EngineError where there is no sound that can be decoded, and for WMA where it isn't wanted.

@@ -21,13 +21,13 @@ private:
     void flushConverter();
 
     CompressedFile file_;
-    std::unique_ptr<BlockSource> source_; ///< null until something is read
+    std::unique_ptr<BlockSource> source_;    ///< null until something is read
     bool ended_ = false;
     Block block_;
-    SampleArray ready_; ///< in the file's first form, read up to `at_`
+    SampleArray ready_;    ///< in the file's first form, read up to `at_`
     std::size_t at_ = 0;
-    std::int64_t position_ = 0;          ///< frames, where reading goes on
-    std::int64_t skip_ = 0;              ///< frames to drop until then
-    std::optional<Converter> converter_; ///< while the file is in another form
-    SoundFormat foreign_;                ///< that form
+    std::int64_t position_ = 0;             ///< frames, where reading goes on
+    std::int64_t skip_ = 0;                 ///< frames to drop until then
+    std::optional<Converter> converter_;    ///< while the file is in another form
+    SoundFormat foreign_;                   ///< that form
 };

@@ -12,8 +12,8 @@ extern "C" {
 
 namespace {
 
-constexpr int pieceFrames = 16384; // bounds the buffers, whatever size of array comes in
-constexpr int filterTaps = 64;     // at equal rates; more of them when the rate goes down
+constexpr int pieceFrames = 16384;    // bounds the buffers, whatever size of array comes in
+constexpr int filterTaps = 64;        // at equal rates; more of them when the rate goes down
 
 void checkForm(int rate, int channels)
 {
@@ -28,7 +28,7 @@ void meanOfPairs(const std::int16_t* pairs, int frames, SampleArray& out)
         out[i] = static_cast<std::int16_t>((pairs[2 * i] + pairs[2 * i + 1]) / 2);
 }
 
-} // namespace
+}    // namespace
 
 bool Converter::needed(int inRate, int inChannels, int outRate, int outChannels)
 {
@@ -53,7 +53,10 @@ Converter::~Converter() = default;
 Converter::Converter(Converter&&) noexcept = default;
 Converter& Converter::operator=(Converter&&) noexcept = default;
 
-void Converter::FreeSwr::operator()(SwrContext* swr) const { swr_free(&swr); }
+void Converter::FreeSwr::operator()(SwrContext* swr) const
+{
+    swr_free(&swr);
+}
 
 // Channels change outside the resampler: its own mono to stereo would lower the level by 3 dB.
 void Converter::start()

@@ -44,10 +44,10 @@ private:
     int inChannels_;
     int outRate_;
     int outChannels_;
-    int rateChannels_;                         ///< channels while the rate changes
-    std::unique_ptr<SwrContext, FreeSwr> swr_; ///< null where the rate stays
+    int rateChannels_;                            ///< channels while the rate changes
+    std::unique_ptr<SwrContext, FreeSwr> swr_;    ///< null where the rate stays
     std::int64_t framesIn_ = 0;
     std::int64_t framesOut_ = 0;
-    SampleArray mixed_;     ///< one piece, channels already fewer
-    SampleArray resampled_; ///< one piece at the new rate
+    SampleArray mixed_;        ///< one piece, channels already fewer
+    SampleArray resampled_;    ///< one piece at the new rate
 };

@@ -20,12 +20,12 @@ private:
     void run(std::stop_token stop);
     bool put(Block& block, std::stop_token stop);
 
-    std::unique_ptr<BlockSource> source_; ///< the thread's own
+    std::unique_ptr<BlockSource> source_;    ///< the thread's own
     std::mutex mutex_;
     std::condition_variable_any changed_;
     std::deque<Block> ready_;
     std::vector<Block> spare_;
     bool ended_ = false;
     std::exception_ptr fault_;
-    std::jthread thread_; ///< last, so that it is gone before what it uses
+    std::jthread thread_;    ///< last, so that it is gone before what it uses
 };

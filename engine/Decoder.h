@@ -6,8 +6,8 @@
 
 /// The form of a stretch of sound.
 struct SoundFormat {
-    int rate = 0;     ///< Hz
-    int channels = 0; ///< 1 or 2
+    int rate = 0;        ///< Hz
+    int channels = 0;    ///< 1 or 2
 
     bool operator==(const SoundFormat&) const = default;
 };
@@ -15,8 +15,8 @@ struct SoundFormat {
 /// What is known of a file before its sound is read.
 struct SoundInfo {
     SoundFormat format;
-    std::int64_t total = 0; ///< frames: samples per channel
-    QString text;           ///< the line that describes the format
+    std::int64_t total = 0;    ///< frames: samples per channel
+    QString text;              ///< the line that describes the format
 };
 
 class Decoder {

@@ -28,9 +28,9 @@ class OutputFormat {
 public:
     virtual ~OutputFormat() = default;
 
-    virtual std::int32_t rate() const = 0;     ///< Hz, of the sound that the encoder wants
-    virtual std::int32_t channels() const = 0; ///< 1 or 2
-    virtual QString text() const = 0;          ///< one line for the user
+    virtual std::int32_t rate() const = 0;        ///< Hz, of the sound that the encoder wants
+    virtual std::int32_t channels() const = 0;    ///< 1 or 2
+    virtual QString text() const = 0;             ///< one line for the user
 
     /// Starts a file of this format; throws EngineError when the encoder is missing or refuses the settings.
     /// `file` must outlive the encoder.

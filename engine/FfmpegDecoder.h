@@ -17,6 +17,6 @@ private:
     PacketDecoder decoder_;
     Packet packet_;
     BlockList ready_;
-    std::size_t at_ = 0; ///< the first of `ready_` that is not delivered yet
+    std::size_t at_ = 0;    ///< the first of `ready_` that is not delivered yet
     bool ended_ = false;
 };

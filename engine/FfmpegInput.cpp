@@ -9,7 +9,7 @@ namespace {
 
 constexpr int ioBytes = 32 * 1024;
 constexpr int probeBytes = 1024 * 1024;
-constexpr int indexBytes = 64 * 1024; // nobody seeks, so the libraries' own seek tables may stay small
+constexpr int indexBytes = 64 * 1024;    // nobody seeks, so the libraries' own seek tables may stay small
 constexpr char containers[] = "wav,mp3,ogg,asf,avi";
 
 /// The bytes of the ID3v2 tags in front. A tag can hold pictures of many megabytes, which would hide the
@@ -28,7 +28,7 @@ std::int64_t leadingTagBytes(const SourceFile& file)
     return at;
 }
 
-} // namespace
+}    // namespace
 
 FfmpegInput::FfmpegInput(std::shared_ptr<const SourceFile> file)
     : file_(std::move(file)), start_(leadingTagBytes(*file_))
@@ -64,7 +64,10 @@ void FfmpegInput::openContext()
     throw EngineError(QStringLiteral("%1 is no sound file").arg(file_->path()));
 }
 
-QString FfmpegInput::container() const { return QString::fromLatin1(context_->iformat->name); }
+QString FfmpegInput::container() const
+{
+    return QString::fromLatin1(context_->iformat->name);
+}
 
 std::vector<const AVStream*> FfmpegInput::soundStreams() const
 {

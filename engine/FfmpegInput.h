@@ -36,8 +36,8 @@ private:
     void openContext();
 
     std::shared_ptr<const SourceFile> file_;
-    std::int64_t start_ = 0;    ///< bytes of leading tags, which no one behind this class sees
-    std::int64_t position_ = 0; ///< bytes from there
+    std::int64_t start_ = 0;       ///< bytes of leading tags, which no one behind this class sees
+    std::int64_t position_ = 0;    ///< bytes from there
     AVIOContext* io_ = nullptr;
     AVFormatContext* context_ = nullptr;
     int chosen_ = -1;

@@ -23,8 +23,8 @@ public:
     void SetFormatMP3Simple(std::int32_t rate, std::int32_t bitrate, std::int32_t channels) override;
     bool IsFormatOggVorbisAvailable(std::int32_t rate, std::int32_t channels, std::int32_t bitrate,
                                     std::int32_t minimum, std::int32_t maximum) const override;
-    void SetFormatOggVorbis(std::int32_t rate, std::int32_t channels, std::int32_t bitrate, std::int32_t minimum,
-                            std::int32_t maximum, std::int32_t quality) override;
+    void SetFormatOggVorbis(std::int32_t rate, std::int32_t channels, std::int32_t bitrate,
+                            std::int32_t minimum, std::int32_t maximum, std::int32_t quality) override;
     void SetFormatWMA(std::int32_t profile) override { writer_.SetFormatWMA(profile); }
     std::int32_t GetWmaProfileCount() const override { return writer_.GetWmaProfileCount(); }
 

@@ -10,12 +10,12 @@
 
 struct FileReader::State {
     bool wmaEnabled = false;
-    std::unique_ptr<Decoder> decoder;   // null while nothing is open
-    SoundFormat out;                    // of the arrays
-    std::optional<Converter> converter; // where that isn't the file's own
-    bool flushed = false;               // the converter has given all
-    SampleArray piece;                  // on its way into the converter
-    SampleArray converted;              // out of it and not delivered yet, from `taken` on
+    std::unique_ptr<Decoder> decoder;      // null while nothing is open
+    SoundFormat out;                       // of the arrays
+    std::optional<Converter> converter;    // where that isn't the file's own
+    bool flushed = false;                  // the converter has given all
+    SampleArray piece;                     // on its way into the converter
+    SampleArray converted;                 // out of it and not delivered yet, from `taken` on
     std::size_t taken = 0;
 
     Decoder& open();
@@ -37,7 +37,7 @@ std::unique_ptr<Decoder> makeDecoder(const QString& path, bool wmaEnabled)
     return std::make_unique<CompressedReader>(inspectFile(file, wmaEnabled));
 }
 
-} // namespace
+}    // namespace
 
 Decoder& FileReader::State::open()
 {
@@ -96,7 +96,10 @@ FileReader::FileReader() : state_(std::make_unique<State>()) {}
 
 FileReader::~FileReader() = default;
 
-void FileReader::SetWmaEnabled(bool enabled) { state_->wmaEnabled = enabled; }
+void FileReader::SetWmaEnabled(bool enabled)
+{
+    state_->wmaEnabled = enabled;
+}
 
 void FileReader::Open(const QString& path)
 {
@@ -107,20 +110,35 @@ void FileReader::Open(const QString& path)
     state_->out = state_->decoder->info().format;
 }
 
-bool FileReader::IsClosed() const { return !state_->decoder; }
+bool FileReader::IsClosed() const
+{
+    return !state_->decoder;
+}
 
-std::int32_t FileReader::GetTotalSamples() const { return static_cast<std::int32_t>(state_->total()); }
+std::int32_t FileReader::GetTotalSamples() const
+{
+    return static_cast<std::int32_t>(state_->total());
+}
 
 std::int32_t FileReader::GetSampleRate() const
 {
     return state_->decoder ? state_->decoder->info().format.rate : 0;
 }
 
-std::int32_t FileReader::GetOutputRate() const { return state_->out.rate; }
+std::int32_t FileReader::GetOutputRate() const
+{
+    return state_->out.rate;
+}
 
-std::int32_t FileReader::GetChannels() const { return state_->out.channels; }
+std::int32_t FileReader::GetChannels() const
+{
+    return state_->out.channels;
+}
 
-std::int32_t FileReader::GetReadChannels() const { return state_->out.channels; }
+std::int32_t FileReader::GetReadChannels() const
+{
+    return state_->out.channels;
+}
 
 std::int32_t FileReader::GetDurationMs() const
 {

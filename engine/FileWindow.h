@@ -25,6 +25,6 @@ private:
 
     const SourceFile& file_;
     std::int64_t at_ = 0;
-    std::int64_t reach_ = 0; ///< bytes that the next piece has
+    std::int64_t reach_ = 0;    ///< bytes that the next piece has
     std::vector<std::uint8_t> bytes_;
 };

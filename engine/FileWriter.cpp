@@ -18,7 +18,7 @@ struct FileWriter::State {
     // The open file. A format set meanwhile counts from the next one on.
     std::shared_ptr<const OutputFormat> running;
     std::unique_ptr<OutputFile> file;
-    std::unique_ptr<Encoder> encoder; // goes before the file
+    std::unique_ptr<Encoder> encoder;    // goes before the file
     std::optional<Converter> converter;
     std::int32_t inputChannels = 2;
     SampleArray converted;
@@ -69,9 +69,15 @@ void FileWriter::SetFormatOggVorbis(std::int32_t rate, std::int32_t channels, st
     state_->format = std::make_shared<VorbisFormat>(settings);
 }
 
-void FileWriter::SetFormatWMA(std::int32_t profile) { state_->format = std::make_shared<WmaFormat>(profile); }
+void FileWriter::SetFormatWMA(std::int32_t profile)
+{
+    state_->format = std::make_shared<WmaFormat>(profile);
+}
 
-std::int32_t FileWriter::GetWmaProfileCount() const { return wmaProfileCount(); }
+std::int32_t FileWriter::GetWmaProfileCount() const
+{
+    return wmaProfileCount();
+}
 
 void FileWriter::SetInputFormat(std::int32_t rate, std::int32_t channels)
 {
@@ -129,9 +135,15 @@ void FileWriter::flushConverter()
     state_->encoder->write(state_->converted);
 }
 
-bool FileWriter::isOpen() const { return state_->encoder != nullptr; }
+bool FileWriter::isOpen() const
+{
+    return state_->encoder != nullptr;
+}
 
-QString FileWriter::FormatString() const { return state_->format->text(); }
+QString FileWriter::FormatString() const
+{
+    return state_->format->text();
+}
 
 void FileWriter::Close()
 {

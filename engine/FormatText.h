@@ -14,7 +14,10 @@ inline QString formatText(QStringList kinds, const SoundFormat& format, const QS
     return kinds.join(QStringLiteral(", "));
 }
 
-inline QString bitsText(int bits) { return QStringLiteral("%1 bits").arg(bits); }
+inline QString bitsText(int bits)
+{
+    return QStringLiteral("%1 bits").arg(bits);
+}
 
 /// Empty where the rate isn't known.
 inline QString bitrateText(std::int64_t bitsPerSecond)

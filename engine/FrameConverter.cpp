@@ -11,7 +11,7 @@ extern "C" {
 
 namespace {
 
-constexpr int anyRate = 48000; // stays as it is, so it may be any
+constexpr int anyRate = 48000;    // stays as it is, so it may be any
 
 /// Some containers tell only the number of channels; then the usual order stands for them.
 AVChannelLayout namedLayout(const AVChannelLayout& layout)
@@ -24,12 +24,18 @@ AVChannelLayout namedLayout(const AVChannelLayout& layout)
     return named;
 }
 
-} // namespace
+}    // namespace
 
 FrameConverter::FrameConverter() = default;
-FrameConverter::~FrameConverter() { av_channel_layout_uninit(&layout_); }
+FrameConverter::~FrameConverter()
+{
+    av_channel_layout_uninit(&layout_);
+}
 
-void FrameConverter::Free::operator()(SwrContext* swr) const { swr_free(&swr); }
+void FrameConverter::Free::operator()(SwrContext* swr) const
+{
+    swr_free(&swr);
+}
 
 SoundFormat FrameConverter::formatOf(const AVFrame& frame)
 {

@@ -43,5 +43,5 @@ private:
     std::unique_ptr<SwrContext, Free> swr_;
     AVSampleFormat format_ = AV_SAMPLE_FMT_NONE;
     AVChannelLayout layout_{};
-    int channels_ = 0; ///< that come out
+    int channels_ = 0;    ///< that come out
 };

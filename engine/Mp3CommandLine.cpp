@@ -17,9 +17,9 @@ using Action = void (*)(Mp3Format&, const QString& value);
 enum class Value { None, Next };
 
 struct Switch {
-    const char* name; // one letter, or a word that stands behind two hyphens
+    const char* name;    // one letter, or a word that stands behind two hyphens
     Value value;
-    Action apply; // null: known, without effect here
+    Action apply;    // null: known, without effect here
 };
 
 std::optional<double> number(const QString& text)
@@ -235,4 +235,7 @@ private:
 
 }
 
-void applyCommandLine(Mp3Format& format, const QString& text) { Line(format, text).apply(); }
+void applyCommandLine(Mp3Format& format, const QString& text)
+{
+    Line(format, text).apply();
+}

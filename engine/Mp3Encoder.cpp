@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int blockFrames = 4608;
-constexpr std::size_t codedRoom = blockFrames * 5 / 4 + 7200; // what LAME asks for at most
+constexpr std::size_t codedRoom = blockFrames * 5 / 4 + 7200;    // what LAME asks for at most
 
 QString modeText(const Mp3Format& properties)
 {
@@ -27,9 +27,15 @@ QString bitrateText(const Mp3Format& properties)
 
 }
 
-std::int32_t Mp3Output::rate() const { return nearestMp3Rate(properties_.FormatRate); }
+std::int32_t Mp3Output::rate() const
+{
+    return nearestMp3Rate(properties_.FormatRate);
+}
 
-std::int32_t Mp3Output::channels() const { return properties_.FormatChannels <= 1 ? 1 : 2; }
+std::int32_t Mp3Output::channels() const
+{
+    return properties_.FormatChannels <= 1 ? 1 : 2;
+}
 
 QString Mp3Output::text() const
 {

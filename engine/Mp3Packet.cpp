@@ -2,8 +2,8 @@
 
 namespace {
 
-constexpr int rates[3] = {44100, 48000, 32000}; // of MPEG 1; halved in MPEG 2, quartered in 2.5
-constexpr int layer3 = 1, layer1 = 3;           // as the header counts them
+constexpr int rates[3] = {44100, 48000, 32000};    // of MPEG 1; halved in MPEG 2, quartered in 2.5
+constexpr int layer3 = 1, layer1 = 3;              // as the header counts them
 constexpr int mono = 3;
 
 int framesOf(int layer, bool lowRate)
@@ -18,12 +18,12 @@ int sideBytesOf(bool lowRate, bool isMono)
     return isMono ? 17 : 32;
 }
 
-} // namespace
+}    // namespace
 
 std::optional<Mp3Packet> parseMp3Packet(std::span<const std::uint8_t> bytes)
 {
     if (bytes.size() < 4 || bytes[0] != 0xff || (bytes[1] & 0xe0) != 0xe0) return {};
-    const int version = bytes[1] >> 3 & 3; // 3 MPEG 1, 2 MPEG 2, 0 MPEG 2.5
+    const int version = bytes[1] >> 3 & 3;    // 3 MPEG 1, 2 MPEG 2, 0 MPEG 2.5
     const int layer = bytes[1] >> 1 & 3;
     const int rateIndex = bytes[2] >> 2 & 3;
     if (version == 1 || layer == 0 || rateIndex == 3 || bytes[2] >> 4 == 15) return {};

@@ -60,9 +60,15 @@ const Mp3Preset* byName(const Table& table, const QString& name)
 
 }
 
-const Mp3Preset* findPreset(std::int32_t number) { return byNumber(presets, number); }
+const Mp3Preset* findPreset(std::int32_t number)
+{
+    return byNumber(presets, number);
+}
 
-const Mp3Preset* findAltPreset(std::int32_t number) { return byNumber(altPresets, number); }
+const Mp3Preset* findAltPreset(std::int32_t number)
+{
+    return byNumber(altPresets, number);
+}
 
 const Mp3Preset* findPresetByName(const QString& name)
 {

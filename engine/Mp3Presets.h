@@ -4,15 +4,15 @@
 #include "core/AudioEngine.h"
 
 struct Mp3Preset {
-    const char* name;           ///< as the command line has it
-    std::int32_t rate;          ///< Hz
-    std::int32_t channels;      ///< 1 or 2
-    std::int32_t vbrMethod;     ///< -1 constant bitrate, 3 MTRH, 4 ABR
-    std::int16_t abrBitrate;    ///< kbit/s; 0: kept
-    std::int16_t vbrQuality;    ///< 0 best; -1: kept
-    std::int32_t bitrate;       ///< kbit/s; 0: kept
-    std::int32_t lowpass;       ///< Hz
-    std::int32_t maxVbrBitrate; ///< kbit/s
+    const char* name;              ///< as the command line has it
+    std::int32_t rate;             ///< Hz
+    std::int32_t channels;         ///< 1 or 2
+    std::int32_t vbrMethod;        ///< -1 constant bitrate, 3 MTRH, 4 ABR
+    std::int16_t abrBitrate;       ///< kbit/s; 0: kept
+    std::int16_t vbrQuality;       ///< 0 best; -1: kept
+    std::int32_t bitrate;          ///< kbit/s; 0: kept
+    std::int32_t lowpass;          ///< Hz
+    std::int32_t maxVbrBitrate;    ///< kbit/s
 };
 
 /// Preset 1 (Phone) to 11 (R3Mix); null for other numbers.

@@ -49,10 +49,10 @@ private:
     [[noreturn]] void fail(const char* what);
 
     QByteArray path_;
-    QByteArray temporary_; // empty once the file has taken its place
+    QByteArray temporary_;    // empty once the file has taken its place
     int descriptor_ = -1;
     std::vector<char> buffer_;
-    std::int64_t flushed_ = 0; // bytes on the disk
+    std::int64_t flushed_ = 0;    // bytes on the disk
     bool failed_ = false;
-    QString reason_; // of the first failure
+    QString reason_;    // of the first failure
 };

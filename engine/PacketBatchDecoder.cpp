@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t waitingBatches = 2; // beside those in work
+constexpr std::size_t waitingBatches = 2;    // beside those in work
 
 bool changesCodec(const AVPacket& packet)
 {
@@ -24,7 +24,7 @@ std::vector<Packet> copyTail(const std::vector<Packet>& packets, std::size_t cou
     return copies;
 }
 
-} // namespace
+}    // namespace
 
 PacketBatchDecoder::PacketBatchDecoder(std::unique_ptr<PacketInput> input, const CodecSetup& setup,
                                        const BatchPlan& plan)

@@ -16,7 +16,7 @@
 /// How the work is cut up. Changes the speed and the memory, never the sound.
 struct BatchPlan {
     int threads = 1;
-    std::size_t packets = 192; ///< of a batch
+    std::size_t packets = 192;    ///< of a batch
 };
 
 class PacketBatchDecoder : public BlockSource {
@@ -29,13 +29,13 @@ public:
 private:
     struct Batch {
         std::vector<Packet> packets;
-        std::size_t preroll = 0; ///< how many of them only warm the decoder up
+        std::size_t preroll = 0;    ///< how many of them only warm the decoder up
         bool last = false;
-        bool onward = false; ///< must go on from the decoder of the batch before
-        bool clean = false;  ///< no fault was met
+        bool onward = false;    ///< must go on from the decoder of the batch before
+        bool clean = false;     ///< no fault was met
         bool done = false;
         std::exception_ptr fault;
-        std::unique_ptr<PacketDecoder> decoder; ///< as it stands after the batch
+        std::unique_ptr<PacketDecoder> decoder;    ///< as it stands after the batch
         BlockList blocks;
     };
     using BatchPtr = std::unique_ptr<Batch>;
@@ -52,20 +52,20 @@ private:
     CodecSetup setup_;
     BatchPlan plan_;
 
-    std::mutex inputMutex_; ///< guards what reads the file, from here to `readAll_`
+    std::mutex inputMutex_;    ///< guards what reads the file, from here to `readAll_`
     std::unique_ptr<PacketInput> input_;
-    std::vector<Packet> carried_; ///< copies of the packets that warm up the next batch
-    bool changed_ = false;        ///< the codec's set-up changed midway
+    std::vector<Packet> carried_;    ///< copies of the packets that warm up the next batch
+    bool changed_ = false;           ///< the codec's set-up changed midway
     bool readAll_ = false;
 
-    std::mutex mutex_; ///< guards the list of batches and the state of each; taken after `inputMutex_`
+    std::mutex mutex_;    ///< guards the list of batches and the state of each; taken after `inputMutex_`
     std::condition_variable_any moved_;
-    std::deque<BatchPtr> batches_; ///< read and not delivered yet, in order
+    std::deque<BatchPtr> batches_;    ///< read and not delivered yet, in order
     std::vector<BatchPtr> spare_;
-    bool ended_ = false; ///< no batch will follow
+    bool ended_ = false;    ///< no batch will follow
 
-    BatchPtr front_;      ///< the reader's: the batch that is being delivered
-    bool failed_ = false; ///< a fault was reported; nothing comes after it
-    std::size_t at_ = 0;  ///< which of its blocks comes next
+    BatchPtr front_;         ///< the reader's: the batch that is being delivered
+    bool failed_ = false;    ///< a fault was reported; nothing comes after it
+    std::size_t at_ = 0;     ///< which of its blocks comes next
     std::vector<std::jthread> threads_;
 };

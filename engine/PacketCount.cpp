@@ -12,9 +12,15 @@ extern "C" {
 
 namespace {
 
-bool isMpeg(AVCodecID id) { return id == AV_CODEC_ID_MP3 || id == AV_CODEC_ID_MP2 || id == AV_CODEC_ID_MP1; }
+bool isMpeg(AVCodecID id)
+{
+    return id == AV_CODEC_ID_MP3 || id == AV_CODEC_ID_MP2 || id == AV_CODEC_ID_MP1;
+}
 
-bool isWma(AVCodecID id) { return id == AV_CODEC_ID_WMAV1 || id == AV_CODEC_ID_WMAV2; }
+bool isWma(AVCodecID id)
+{
+    return id == AV_CODEC_ID_WMAV1 || id == AV_CODEC_ID_WMAV2;
+}
 
 int wmaFrameLength(const AVCodecParameters& parameters)
 {
@@ -31,7 +37,7 @@ bool wmaReservoir(const AVCodecParameters& parameters)
     return parameters.extradata_size >= at + 2 && (AV_RL16(parameters.extradata + at) & 2);
 }
 
-} // namespace
+}    // namespace
 
 WmaPacketCount::WmaPacketCount(const AVCodecParameters& parameters)
     : reservoir_(wmaReservoir(parameters)), blockBytes_(parameters.block_align),
@@ -46,7 +52,7 @@ void WmaPacketCount::add(const AVPacket& packet)
 
 std::int64_t WmaPacketCount::total() const
 {
-    const int begun = reservoir_ ? 1 : 0; // the first packet has no beginning of a frame before it
+    const int begun = reservoir_ ? 1 : 0;    // the first packet has no beginning of a frame before it
     return std::max<std::int64_t>(count_ - begun + 1 - 2, 0) * frameLength_;
 }
 

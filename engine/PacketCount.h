@@ -53,9 +53,9 @@ private:
 
     CodecSetup setup_;
     std::optional<WmaPacketCount> wma_;
-    std::vector<Stretch> stretches_; ///< one for each rate that was met
-    std::int64_t ticks_ = 0;         ///< of packets whose sound can't be counted otherwise
-    std::int64_t trimmed_ = 0;       ///< frames that the codec delay takes away
+    std::vector<Stretch> stretches_;    ///< one for each rate that was met
+    std::int64_t ticks_ = 0;            ///< of packets whose sound can't be counted otherwise
+    std::int64_t trimmed_ = 0;          ///< frames that the codec delay takes away
     std::optional<std::int64_t> firstEnd_;
     std::int64_t packets_ = 0;
     std::int64_t bytes_ = 0;

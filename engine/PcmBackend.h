@@ -10,7 +10,7 @@
 #include <vector>
 
 struct PcmFormat {
-    int rate = 44100; ///< Hz
+    int rate = 44100;    ///< Hz
     int channels = 2;
 };
 
@@ -21,26 +21,26 @@ using PcmPull = std::function<std::size_t(std::int16_t* to, std::size_t frames)>
 /// A stream to an output device, used on one thread. It pulls what it needs.
 class PcmOut {
 public:
-    virtual ~PcmOut() = default; ///< stops; `pull` is not called from here on
+    virtual ~PcmOut() = default;    ///< stops; `pull` is not called from here on
 
     /// Opens the device and begins to pull. Waits for the server, but not without limit; false: it could not.
     /// `device` is an id of `sinks`, or empty for the one that the desktop prefers.
     virtual bool start(const std::string& device, PcmFormat format, PcmPull pull) = 0;
 
-    virtual void wake() = 0;  ///< there is something to pull again
-    virtual void flush() = 0; ///< drops what was pulled and not yet heard; `heard` starts at 0 again
+    virtual void wake() = 0;     ///< there is something to pull again
+    virtual void flush() = 0;    ///< drops what was pulled and not yet heard; `heard` starts at 0 again
 
     struct State {
-        std::int64_t heard = 0; ///< frames that have left the device since `start` or `flush`
-        bool drained = false;   ///< the last pull gave nothing and all that was pulled has been heard
-        bool dead = false;      ///< the server or the device is gone
+        std::int64_t heard = 0;    ///< frames that have left the device since `start` or `flush`
+        bool drained = false;      ///< the last pull gave nothing and all that was pulled has been heard
+        bool dead = false;         ///< the server or the device is gone
     };
     virtual State state() = 0;
 };
 
 struct PcmDevice {
     std::string id;
-    std::string name; ///< as the user knows it, UTF-8
+    std::string name;    ///< as the user knows it, UTF-8
 };
 
 /// One kind of sound server.
@@ -48,6 +48,6 @@ class PcmBackend {
 public:
     virtual ~PcmBackend() = default;
 
-    virtual std::vector<PcmDevice> sinks() = 0; ///< output devices now present; empty without a server
+    virtual std::vector<PcmDevice> sinks() = 0;    ///< output devices now present; empty without a server
     virtual std::unique_ptr<PcmOut> makeOut() = 0;
 };

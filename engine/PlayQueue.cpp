@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::int64_t scopeFrames = 22050; // the most that is asked for
+constexpr std::int64_t scopeFrames = 22050;    // the most that is asked for
 constexpr int levelsPerSecond = 20;
 
 std::int16_t scaled(std::int16_t sample, int volume)

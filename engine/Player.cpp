@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int tickMs = 20;
-constexpr std::size_t arraysWanted = 2; // the one that sounds and one behind it
+constexpr std::size_t arraysWanted = 2;    // the one that sounds and one behind it
 
 std::int32_t narrowed(std::int64_t value)
 {
@@ -126,9 +126,15 @@ std::string Player::deviceId() const
     return GetDeviceValid() ? devices_[static_cast<std::size_t>(device_)] : std::string();
 }
 
-SampleArray Player::GetLevelArray(std::int32_t count) { return queue_.latest(count, GetPositionSamples()); }
+SampleArray Player::GetLevelArray(std::int32_t count)
+{
+    return queue_.latest(count, GetPositionSamples());
+}
 
-std::int32_t Player::GetPositionSamples() const { return out_ ? narrowed(out_->state().heard) : position_; }
+std::int32_t Player::GetPositionSamples() const
+{
+    return out_ ? narrowed(out_->state().heard) : position_;
+}
 
 void Player::tick()
 {

@@ -26,7 +26,7 @@ std::size_t mp3Preroll(std::span<const Packet> packets)
     return count;
 }
 
-} // namespace
+}    // namespace
 
 bool canDecodeInPieces(AVCodecID codec)
 {

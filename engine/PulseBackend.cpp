@@ -22,7 +22,10 @@ std::vector<PcmDevice> PulseBackend::sinks()
     return connection_->finish(std::move(list)) ? found : std::vector<PcmDevice>{};
 }
 
-std::unique_ptr<PcmOut> PulseBackend::makeOut() { return std::make_unique<PulseOut>(connection_); }
+std::unique_ptr<PcmOut> PulseBackend::makeOut()
+{
+    return std::make_unique<PulseOut>(connection_);
+}
 
 std::shared_ptr<PulseBackend> sharedPulseBackend()
 {

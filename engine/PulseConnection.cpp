@@ -7,7 +7,10 @@ namespace {
 constexpr pa_usec_t waitLimit = PA_USEC_PER_SEC;
 constexpr std::chrono::seconds silenceKept{10};
 
-void contextChanged(pa_context*, void* connection) { static_cast<PulseConnection*>(connection)->signal(); }
+void contextChanged(pa_context*, void* connection)
+{
+    static_cast<PulseConnection*>(connection)->signal();
+}
 
 void operationChanged(pa_operation*, void* connection)
 {

@@ -127,9 +127,15 @@ void PulseOut::drain()
     if (!drain_ && !drained_) drain_.reset(pa_stream_drain(stream_, allHeard, this));
 }
 
-void PulseOut::streamChanged(pa_stream*, void* self) { static_cast<PulseOut*>(self)->connection_->signal(); }
+void PulseOut::streamChanged(pa_stream*, void* self)
+{
+    static_cast<PulseOut*>(self)->connection_->signal();
+}
 
-void PulseOut::roomLeft(pa_stream*, std::size_t, void* self) { static_cast<PulseOut*>(self)->fill(); }
+void PulseOut::roomLeft(pa_stream*, std::size_t, void* self)
+{
+    static_cast<PulseOut*>(self)->fill();
+}
 
 void PulseOut::flushed(pa_stream*, int, void* self)
 {

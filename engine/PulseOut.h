@@ -35,9 +35,9 @@ private:
     PcmPull pull_;
     pa_stream* stream_ = nullptr;
     std::size_t frameBytes_ = 0;
-    PulseOperation flush_; ///< on its way: nothing may be written, or it would drop new sound
-    PulseOperation drain_; ///< on its way: the server will tell when all has been heard
+    PulseOperation flush_;    ///< on its way: nothing may be written, or it would drop new sound
+    PulseOperation drain_;    ///< on its way: the server will tell when all has been heard
     bool drained_ = false;
-    std::int64_t written_ = 0; ///< frames since `start` or `flush`
-    std::int64_t heard_ = 0;   ///< frames, as told last
+    std::int64_t written_ = 0;    ///< frames since `start` or `flush`
+    std::int64_t heard_ = 0;      ///< frames, as told last
 };

@@ -22,7 +22,10 @@ SourceFile::SourceFile(const QString& path)
     size_ = about.st_size;
 }
 
-SourceFile::~SourceFile() { ::close(handle_); }
+SourceFile::~SourceFile()
+{
+    ::close(handle_);
+}
 
 std::size_t SourceFile::readAt(std::int64_t offset, void* to, std::size_t bytes) const
 {

@@ -14,7 +14,7 @@ public:
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
-    std::int64_t size() const { return size_; } ///< bytes, when it was opened
+    std::int64_t size() const { return size_; }    ///< bytes, when it was opened
     const QString& path() const { return path_; }
 
     /// Reads up to `bytes` at `offset`; fewer only at the end of the file. An error reads as the end.

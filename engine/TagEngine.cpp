@@ -63,9 +63,15 @@ void TagEngine::SetTagVersion(std::int32_t version)
     version_ = version;
 }
 
-QString fromTag(const TagLib::String& text) { return QString::fromStdString(text.to8Bit(true)); }
+QString fromTag(const TagLib::String& text)
+{
+    return QString::fromStdString(text.to8Bit(true));
+}
 
-TagLib::String toTag(const QString& text) { return TagLib::String(text.toStdString(), TagLib::String::UTF8); }
+TagLib::String toTag(const QString& text)
+{
+    return TagLib::String(text.toStdString(), TagLib::String::UTF8);
+}
 
 QString genreName(std::int32_t genre)
 {

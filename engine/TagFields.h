@@ -17,12 +17,12 @@ struct TagFields {
     QString album;
     QString comment;
     QString encodedBy;
-    std::int32_t genre = -1; ///< position in the ID3 list, -1 none
+    std::int32_t genre = -1;    ///< position in the ID3 list, -1 none
     std::int32_t year = 0;
-    std::int32_t track = 0; ///< 0 none
+    std::int32_t track = 0;    ///< 0 none
 };
 
-constexpr std::int32_t genreCount = 148; ///< what the standard list and its extensions offer
+constexpr std::int32_t genreCount = 148;    ///< what the standard list and its extensions offer
 
 TagFields readMpegTags(TagStream& stream);
 void writeMpegTagVersion1(TagStream& stream, const TagFields& fields);

@@ -21,7 +21,10 @@ constexpr long blockSize = 1024 * 1024;
     throw EngineError(QString::fromLocal8Bit(name) + ": " + reason);
 }
 
-QString systemText(int error) { return QString::fromLocal8Bit(std::strerror(error)); }
+QString systemText(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
 
 }
 
@@ -40,7 +43,10 @@ TagStream::TagStream(const QString& path, Access access) : name_(QFile::encodeNa
     formerLength_ = static_cast<long>(status.st_size);
 }
 
-TagStream::~TagStream() { ::close(descriptor_); }
+TagStream::~TagStream()
+{
+    ::close(descriptor_);
+}
 
 void TagStream::checkWritten() const
 {

@@ -51,7 +51,7 @@ private:
     Access access_;
     int descriptor_ = -1;
     long position_ = 0;
-    int error_ = 0; // errno of the first failed change
+    int error_ = 0;    // errno of the first failed change
 
     // What can be taken back: everything since the last time that the sound was moved.
     std::vector<Former> former_;

@@ -32,7 +32,7 @@ void setFrame(TagLib::ID3v2::Tag& tag, const char* id, const QString& text)
     if (text.isEmpty()) return;
     auto* frame = new TagLib::ID3v2::TextIdentificationFrame(id, TagLib::String::Latin1);
     frame->setText(toTag(text));
-    tag.addFrame(frame); // takes the frame over
+    tag.addFrame(frame);    // takes the frame over
 }
 
 /// A field of fixed length, filled up with zeros.

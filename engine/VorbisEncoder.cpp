@@ -16,7 +16,10 @@ namespace {
 constexpr std::size_t pieceFrames = 1024;
 
 /// In bits, -1 for no limit.
-long bits(std::int32_t kilobits) { return kilobits > 0 ? kilobits * 1000L : -1; }
+long bits(std::int32_t kilobits)
+{
+    return kilobits > 0 ? kilobits * 1000L : -1;
+}
 
 // The library takes any order of the three and then encodes nonsense.
 bool bitratesInOrder(const VorbisSettings& settings)
@@ -43,7 +46,10 @@ bool VorbisInfo::setUp(const VorbisSettings& settings)
                               bits(settings.bitrate), bits(settings.minimum)) == 0;
 }
 
-bool vorbisAccepts(const VorbisSettings& settings) { return VorbisInfo().setUp(settings); }
+bool vorbisAccepts(const VorbisSettings& settings)
+{
+    return VorbisInfo().setUp(settings);
+}
 
 QString VorbisFormat::text() const
 {

@@ -16,7 +16,7 @@ struct VorbisSettings {
     std::int32_t bitrate = 128;
     std::int32_t minimum = 0;
     std::int32_t maximum = 0;
-    std::int32_t quality = 400; ///< 0 to 1000; -1: the bitrates rule
+    std::int32_t quality = 400;    ///< 0 to 1000; -1: the bitrates rule
 };
 
 /// Whether the encoder takes the settings.
@@ -77,5 +77,5 @@ private:
     vorbis_dsp_state analysis_;
     vorbis_block block_;
     ogg_stream_state stream_;
-    std::vector<std::int16_t> carry_; // the begin of the next piece
+    std::vector<std::int16_t> carry_;    // the begin of the next piece
 };

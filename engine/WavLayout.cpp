@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int mostChunks = 10000; // ahead of the sound; a damaged file could name millions
+constexpr int mostChunks = 10000;    // ahead of the sound; a damaged file could name millions
 constexpr std::uint32_t unknownSize = 0xffffffff;
 
 struct Chunk {
@@ -87,14 +87,14 @@ bool isWave(const SourceFile& file)
     return family && !std::memcmp(head.data() + 8, "WAVE", 4);
 }
 
-} // namespace
+}    // namespace
 
 std::optional<WavLayout> findWavLayout(const SourceFile& file)
 {
     if (!isWave(file)) return {};
     WavLayout layout;
     bool haveForm = false;
-    std::int64_t longData = 0; // of a file beyond 4 GiB
+    std::int64_t longData = 0;    // of a file beyond 4 GiB
     std::int64_t at = 12;
     for (int i = 0; i < mostChunks; ++i) {
         Chunk chunk;

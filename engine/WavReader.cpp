@@ -50,7 +50,7 @@ void widen24(std::vector<std::uint8_t>& raw, std::size_t samples)
     }
 }
 
-} // namespace
+}    // namespace
 
 WavReader::WavReader(std::shared_ptr<const SourceFile> file, const WavLayout& layout)
     : file_(std::move(file)), layout_(layout), sampleFormat_(formatFor(layout.sample)),
@@ -62,7 +62,10 @@ WavReader::WavReader(std::shared_ptr<const SourceFile> file, const WavLayout& la
     converter_.prepare(sampleFormat_, channelLayout_);
 }
 
-WavReader::~WavReader() { av_channel_layout_uninit(&channelLayout_); }
+WavReader::~WavReader()
+{
+    av_channel_layout_uninit(&channelLayout_);
+}
 
 void WavReader::read(SampleArray& out, std::int64_t frames)
 {

@@ -28,5 +28,5 @@ private:
     AVSampleFormat sampleFormat_;
     AVChannelLayout channelLayout_{};
     FrameConverter converter_;
-    std::vector<std::uint8_t> raw_; ///< one piece as it stands in the file
+    std::vector<std::uint8_t> raw_;    ///< one piece as it stands in the file
 };

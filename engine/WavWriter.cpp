@@ -19,7 +19,8 @@ struct Header {
     char wave[4] = {'W', 'A', 'V', 'E'};
     char room[4] = {'J', 'U', 'N', 'K'};
     std::uint32_t roomBytes = 28;
-    std::array<std::uint32_t, 7> sizes64{}; // RIFF bytes, data bytes, samples: low half first; table length
+    std::array<std::uint32_t, 7>
+        sizes64{};    // RIFF bytes, data bytes, samples: low half first; table length
     char fmt[4] = {'f', 'm', 't', ' '};
     std::uint32_t fmtBytes = 16;
     std::uint16_t formatTag = 1;
@@ -98,7 +99,10 @@ void WavWriter::write(std::span<const std::int16_t> samples)
     file_.write(samples.data(), samples.size_bytes());
 }
 
-void WavWriter::writeSilence(std::int64_t frames) { file_.skip(frames * channels_ * 2); }
+void WavWriter::writeSilence(std::int64_t frames)
+{
+    file_.skip(frames * channels_ * 2);
+}
 
 void WavWriter::finish()
 {

@@ -12,11 +12,11 @@ extern "C" {
 
 namespace {
 
-constexpr std::size_t shortestBytes = 16;   // up to the bits of a sample
-constexpr std::size_t extraAt = 18;         // where the codec's own bytes begin
-constexpr std::size_t extensibleBytes = 22; // of those, in the extensible form
+constexpr std::size_t shortestBytes = 16;      // up to the bits of a sample
+constexpr std::size_t extraAt = 18;            // where the codec's own bytes begin
+constexpr std::size_t extensibleBytes = 22;    // of those, in the extensible form
 constexpr std::uint16_t extensibleTag = 0xfffe;
-constexpr std::uint16_t irregularTags[] = {0x165, 0x166}; // laid out in other ways
+constexpr std::uint16_t irregularTags[] = {0x165, 0x166};    // laid out in other ways
 
 // A sub-format that is a plain tag ends like this.
 constexpr std::array<std::uint8_t, 12> tagTail{0, 0, 0x10, 0, 0x80, 0, 0, 0xaa, 0, 0x38, 0x9b, 0x71};
@@ -82,7 +82,7 @@ void takeNumbers(const std::uint8_t* form, AVCodecParameters& codec)
     codec.bits_per_coded_sample = AV_RL16(form + 14);
 }
 
-} // namespace
+}    // namespace
 
 CodecSetup parseWaveForm(std::span<const std::uint8_t> bytes)
 {

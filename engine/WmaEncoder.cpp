@@ -121,7 +121,7 @@ void WmaEncoder::write(std::span<const std::int16_t> samples)
 void WmaEncoder::finish()
 {
     if (filled_ > 0) padFrame();
-    padFrame(); // the decoder gives the last frame only when another follows
+    padFrame();    // the decoder gives the last frame only when another follows
     drain(nullptr);
     check(av_write_trailer(container_.get()), "trailer");
     avio_flush(io_.get());

@@ -52,14 +52,14 @@ private:
     using Owned = std::unique_ptr<T, void (*)(T*)>;
 
     OutputFile& file_;
-    std::int64_t position_ = 0;    // of the container's writing, bytes
-    std::exception_ptr fileError_; // what the file threw below the container
+    std::int64_t position_ = 0;       // of the container's writing, bytes
+    std::exception_ptr fileError_;    // what the file threw below the container
     Owned<AVCodecContext> codec_;
     Owned<AVIOContext> io_;
     Owned<AVFormatContext> container_;
     Owned<AVFrame> frame_;
     Owned<AVPacket> packet_;
     AVStream* stream_ = nullptr;
-    int filled_ = 0; // samples per channel in the frame
+    int filled_ = 0;    // samples per channel in the frame
     std::int64_t frameStart_ = 0;
 };

@@ -6,9 +6,9 @@
 #include <cstdint>
 
 struct WmaProfile {
-    std::int32_t rate;     ///< Hz
-    std::int32_t channels; ///< 1 or 2
-    std::int32_t bitrate;  ///< kbit/s
+    std::int32_t rate;        ///< Hz
+    std::int32_t channels;    ///< 1 or 2
+    std::int32_t bitrate;     ///< kbit/s
 
     /// One line for the user.
     QString text() const;

@@ -7,9 +7,9 @@
 
 inline constexpr std::int32_t copyBlock = 100000;    ///< samples per channel at most in one array
 
-/// Copies `length` samples. `goesOn` is told after each block how many are copied; when it says no the loop ends, with
-/// that block written. The last read is always one of 0 samples. Where the reader gives nothing before the end, the
-/// loop goes on until it is told to stop.
+/// Copies `length` samples. `goesOn` is told after each block how many are copied; when it says no the loop
+/// ends, with that block written. The last read is always one of 0 samples. Where the reader gives nothing
+/// before the end, the loop goes on until it is told to stop.
 void copySamples(AudioFile& reader, AudioFile& writer, std::int32_t length,
                  const std::function<bool(double position)>& goesOn);
 

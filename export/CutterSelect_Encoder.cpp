@@ -11,7 +11,8 @@ void CutterSelect::ApplyMp3Settings()
 {
     for (const Mp3Key& row : mp3Keys)
         skipFaults([&] {
-            setFromText(*MP3LameEncoderMain, row.property, IniRead(IniPath, QStringLiteral("Mp3"), QString::fromLatin1(row.key)));
+            setFromText(*MP3LameEncoderMain, row.property,
+                        IniRead(IniPath, QStringLiteral("Mp3"), QString::fromLatin1(row.key)));
         });
     skipFaults([&] { FileWenc->SetFormatMP3Ex(*MP3LameEncoderMain); });
     skipFaults([&] { showFormatLine(); });
@@ -19,9 +20,12 @@ void CutterSelect::ApplyMp3Settings()
 
 void CutterSelect::ApplyOggSettings()
 {
-    const auto value = [](const char* key) { return IniRead(IniPath, QStringLiteral("OGG"), QString::fromLatin1(key)); };
+    const auto value = [](const char* key) {
+        return IniRead(IniPath, QStringLiteral("OGG"), QString::fromLatin1(key));
+    };
     const auto accepts = [this](const OggCall& c) {
-        return FileWenc->IsFormatOggVorbisAvailable(c.rate, c.channels, c.bitrate, c.minBitrate, c.maxBitrate);
+        return FileWenc->IsFormatOggVorbisAvailable(c.rate, c.channels, c.bitrate, c.minBitrate,
+                                                    c.maxBitrate);
     };
     const OggCall c = value("1").isEmpty() ? OggCall{} : planOgg(readOggStored(value), accepts);
     FileWenc->SetFormatOggVorbis(c.rate, c.channels, c.bitrate, c.minBitrate, c.maxBitrate, c.quality);
@@ -30,7 +34,8 @@ void CutterSelect::ApplyOggSettings()
 
 void CutterSelect::applyWmaSettings()
 {
-    FileWenc->SetFormatWMA(defaultWmaProfile);    // the writer is in WMA mode before the stored profile is given
+    FileWenc->SetFormatWMA(
+        defaultWmaProfile);    // the writer is in WMA mode before the stored profile is given
     const QString number = IniRead(IniPath, QStringLiteral("WMA"), QStringLiteral("Num"));
     FileWenc->SetFormatWMA(number.isEmpty() ? defaultWmaProfile : parseLong(number));
 }

@@ -1,5 +1,5 @@
-// Which output format is selected: the string, the stored key, the option buttons, the check marks and the writer are
-// kept in step.
+// Which output format is selected: the string, the stored key, the option buttons, the check marks and the
+// writer are kept in step.
 #include "core/CutterSelect.h"
 
 #include "encoders/Dialogs.h"
@@ -82,7 +82,8 @@ void CutterSelect::configureFor(const QString& format)
         FileWenc->SetFormatPCM(44100, 2, 16);
         showFormatLine();
     }
-    // The selection is brought back here, not made: the check mark follows, and what is stored stays as it is.
+    // The selection is brought back here, not made: the check mark follows, and what is stored stays as it
+    // is.
     Option1[static_cast<std::size_t>(row->option)].setChecked(true);
     CheckFormatMenu(row->menu);
 }
@@ -102,7 +103,9 @@ void CutterSelect::Option1_Click(int index)
         ApplyMp3Settings();
         FileWenc->SetFormatMP3Ex(*MP3LameEncoderMain);
         break;
-    case 2: ApplyOggSettings(); break;
+    case 2:
+        ApplyOggSettings();
+        break;
     default:
         applyWmaSettings();
         showFormatLine();
@@ -137,9 +140,15 @@ void CutterSelect::Image6_Click(int index)
         // Kept: this fixed text, spelled so in every language, stands in place of the writer's own.
         StatusBar1.Panels(2).setText(langText(71) + QString::fromUtf8("WAV, 44100 Khz, Stéréo, 16 bits"));
         break;
-    case 1: showMp3Settings(*this); break;
-    case 2: showOggSettings(*this); break;
-    default: showWmaSettings(*this); break;
+    case 1:
+        showMp3Settings(*this);
+        break;
+    case 2:
+        showOggSettings(*this);
+        break;
+    default:
+        showWmaSettings(*this);
+        break;
     }
     storeFormat(QString::fromLatin1(row->name));
 }

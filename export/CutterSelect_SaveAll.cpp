@@ -31,8 +31,8 @@ void CutterSelect::SaveEveryPart(QString& folder, const QString& chosenFormat)
     }
 }
 
-// Kept: the number of parts is the upper bound of the table, and titles go by its order, which is the order in which
-// the cuts were made. After a deletion the table is one shorter, and so is the run.
+// Kept: the number of parts is the upper bound of the table, and titles go by its order, which is the order
+// in which the cuts were made. After a deletion the table is one shorter, and so is the run.
 void CutterSelect::saveEach(QString& folder, const QString& format)
 {
     const std::int32_t last = lastPartRecord() - 1;
@@ -50,8 +50,10 @@ void CutterSelect::saveEach(QString& folder, const QString& format)
     }
 }
 
-// Kept: nobody looks at `KeepRunning` between parts, so after a Cancel each part that remains still gets one block.
-void CutterSelect::writeEach(const QString& fileName, const QString& format, std::int32_t i, std::int32_t last)
+// Kept: nobody looks at `KeepRunning` between parts, so after a Cancel each part that remains still gets one
+// block.
+void CutterSelect::writeEach(const QString& fileName, const QString& format, std::int32_t i,
+                             std::int32_t last)
 {
     setUpWriter(format);
     FileWenc->Create(fileName);

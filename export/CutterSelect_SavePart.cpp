@@ -1,4 +1,5 @@
-// Saving one part: a fresh encode of the samples between two cuts. Cancel is a normal end; what is written stays.
+// Saving one part: a fresh encode of the samples between two cuts. Cancel is a normal end; what is written
+// stays.
 #include "core/CutterSelect.h"
 
 #include "core/toolkit/Events.h"

@@ -1,4 +1,5 @@
-// Tags: the panel is filled when a file is opened, and goes into each part that is saved, with the part's own title.
+// Tags: the panel is filled when a file is opened, and goes into each part that is saved, with the part's own
+// title.
 #include "core/CutterSelect.h"
 
 void CutterSelect::readFileTags(const QString& file)

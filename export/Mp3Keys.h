@@ -1,4 +1,5 @@
-// Rule: section `Mp3` of the settings: which key holds which property of the encoder, and how it is converted.
+// Rule: section `Mp3` of the settings: which key holds which property of the encoder, and how it is
+// converted.
 #pragma once
 
 #include "core/AudioEngine.h"

@@ -11,7 +11,8 @@ OggStored readOggStored(const std::function<QString(const char* key)>& value)
     stored.channels = parseLong(value("4"));
     stored.quality = parseLong(value("5"));
     stored.bitrate = parseLong(value("6"));
-    stored.minBitrate = parseLong(value("6"));    // Kept: one key for both, so the minimum is what survives in it
+    stored.minBitrate =
+        parseLong(value("6"));    // Kept: one key for both, so the minimum is what survives in it
     stored.maxBitrate = parseLong(value("7"));
     return stored;
 }
@@ -20,6 +21,7 @@ OggCall planOgg(const OggStored& s, const std::function<bool(const OggCall&)>& a
 {
     const OggCall byQuality{.rate = s.rate, .channels = s.channels, .quality = s.quality};
     if (s.qualityOn) return byQuality;
-    const OggCall byBitrate{s.rate, s.channels, s.bitrate, s.vbrOn ? s.minBitrate : 0, s.vbrOn ? s.maxBitrate : 0, -1};
+    const OggCall byBitrate{
+        s.rate, s.channels, s.bitrate, s.vbrOn ? s.minBitrate : 0, s.vbrOn ? s.maxBitrate : 0, -1};
     return accepts(byBitrate) ? byBitrate : byQuality;
 }

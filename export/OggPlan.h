@@ -10,7 +10,7 @@
 struct OggStored {
     bool qualityOn = false;
     bool vbrOn = false;
-    std::int32_t rate = 0;          ///< Hz
+    std::int32_t rate = 0;    ///< Hz
     std::int32_t channels = 0;
     std::int32_t quality = 0;       ///< 0 to 1000
     std::int32_t bitrate = 0;       ///< kbit/s, nominal
@@ -33,6 +33,6 @@ struct OggCall {
 /// Reads the values by their keys. Throws on a text that is no number.
 OggStored readOggStored(const std::function<QString(const char* key)>& value);
 
-/// `accepts` asks the encoder whether it takes a combination; it is not asked in quality mode. Refused bitrates fall
-/// back to the stored quality.
+/// `accepts` asks the encoder whether it takes a combination; it is not asked in quality mode. Refused
+/// bitrates fall back to the stored quality.
 OggCall planOgg(const OggStored& stored, const std::function<bool(const OggCall&)>& accepts);

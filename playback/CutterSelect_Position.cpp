@@ -23,7 +23,8 @@ void CutterSelect::Fwd1Sec_Click()
         const double p = FileR->GetTotalSamples() / width * Line2.X1() + step;
         reposition(p > TotalSamples ? TotalSamples : toLong(TotalSamples / width * Line2.X1() + step));
     }
-    showPositionOf(positionSample()); // Kept: in play the line has not moved yet, so this is the place before
+    showPositionOf(
+        positionSample());    // Kept: in play the line has not moved yet, so this is the place before
 }
 
 void CutterSelect::Rew1Sec_Click()
@@ -39,7 +40,7 @@ void CutterSelect::Rew1Sec_Click()
         IndicTime.setLeft(x - IndicTime.Width() / 2);
     } else {
         const double p = FileR->GetTotalSamples() / width * Line2.X1() - step;
-        reposition(p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step)); // Kept: sample 1, not 0
+        reposition(p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step));    // Kept: sample 1, not 0
     }
     showPositionOf(positionSample());
 }
@@ -50,7 +51,10 @@ void CutterSelect::IndicTime_MouseDown(Twips X)
     TimeDrag = true;
 }
 
-void CutterSelect::IndicTime_MouseUp() { TimeDrag = false; }
+void CutterSelect::IndicTime_MouseUp()
+{
+    TimeDrag = false;
+}
 
 void CutterSelect::IndicTime_MouseMove(Twips X)
 {

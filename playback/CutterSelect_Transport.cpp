@@ -45,8 +45,8 @@ void CutterSelect::PlayRange(const QString& path, std::int32_t start, std::int32
         PlayBlock = std::min(length, partBlock);
         if (!startPlayer()) return;
         PlayFeeding = true;
-        FeedPlayer(); // one array plays while
-        FeedPlayer(); // the next lies ready
+        FeedPlayer();    // one array plays while
+        FeedPlayer();    // the next lies ready
     } catch (const std::exception&) {
         MsgBox(langText(75), Icon::Exclamation);
     }
@@ -106,7 +106,10 @@ void CutterSelect::Image10_Click()
     if (FileLoaded && !Scanning) ToolbarCommand(12);
 }
 
-void CutterSelect::AudioPlayer_RequestOnLoadArray() { FeedPlayer(); }
+void CutterSelect::AudioPlayer_RequestOnLoadArray()
+{
+    FeedPlayer();
+}
 
 void CutterSelect::AudioPlayer_EndPlay()
 {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-inline constexpr std::int32_t partBlock = 100000; ///< samples of an array of a part
+inline constexpr std::int32_t partBlock = 100000;    ///< samples of an array of a part
 
 /// Samples to feed next. 0 once all are fed: the player's own event then ends the play.
 inline std::int32_t nextBlock(std::int32_t fed, std::int32_t length)

@@ -48,4 +48,7 @@ void About::addLink(int row, const QString& name, const QString& caption, const 
     connect(link, &QPushButton::clicked, this, guarded([address](bool) { OpenDocument(address, {}, {}); }));
 }
 
-void about_Click() { About(MainForm).exec(); }
+void about_Click()
+{
+    About(MainForm).exec();
+}

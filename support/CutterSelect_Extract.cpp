@@ -69,7 +69,8 @@ void CutterSelect::copyVideoSound()
         const std::int32_t total = FileRe->GetTotalSamples();
         position = std::min<double>(position, total);
         ProgressForm->setProgressBar1(position / total * 100);
-        ProgressForm->Label2.setText(langText(82) + QStringLiteral(" : %1 %").arg(toLong(ProgressForm->ProgressBar1())));
+        ProgressForm->Label2.setText(langText(82) +
+                                     QStringLiteral(" : %1 %").arg(toLong(ProgressForm->ProgressBar1())));
         giveWay();
     } while (KeepRunning);
 }

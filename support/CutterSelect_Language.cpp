@@ -25,17 +25,25 @@ constexpr LanguageRow languages[] = {
 using C = CutterSelectControls;
 
 constexpr std::pair<std::size_t, Menu C::*> menuCaptions[] = {
-    {0, &C::Fichier}, {8, &C::ControlAudio}, {14, &C::MenuCutPoint}, {16, &C::popup1},
-    {24, &C::OutputMenu}, {30, &C::Language}, {31, &C::infos},
+    {0, &C::Fichier},     {8, &C::ControlAudio}, {14, &C::MenuCutPoint}, {16, &C::popup1},
+    {24, &C::OutputMenu}, {30, &C::Language},    {31, &C::infos},
 };
 
 constexpr std::pair<std::size_t, MenuEntry C::*> entryCaptions[] = {
-    {1, &C::OpenAudioFile}, {2, &C::CloseAudioFile}, {3, &C::SaveAllParts}, {4, &C::ExtractAudioFromAvi},
-    {6, &C::JoinerF}, {7, &C::Quitter}, {9, &C::PlayPiste}, {10, &C::EnPause}, {11, &C::Stoplecture},
-    {12, &C::Rew1Sec}, {13, &C::Fwd1Sec}, {15, &C::SetCutPoint}, {17, &C::PlaythisPart},
-    {18, &C::DeleteEntryCutPoint}, {19, &C::SavePartMP3}, {20, &C::SavePartOgg}, {21, &C::SavePartWMA},
-    {22, &C::SavePartWav}, {23, &C::Saveselec}, {25, &C::SelecMP3}, {26, &C::selecOgg}, {27, &C::SelecWma},
-    {28, &C::SelecWav}, {29, &C::SelecFormatConfig}, {32, &C::Help}, {33, &C::Homepage}, {36, &C::about},
+    {1, &C::OpenAudioFile}, {2, &C::CloseAudioFile},
+    {3, &C::SaveAllParts},  {4, &C::ExtractAudioFromAvi},
+    {6, &C::JoinerF},       {7, &C::Quitter},
+    {9, &C::PlayPiste},     {10, &C::EnPause},
+    {11, &C::Stoplecture},  {12, &C::Rew1Sec},
+    {13, &C::Fwd1Sec},      {15, &C::SetCutPoint},
+    {17, &C::PlaythisPart}, {18, &C::DeleteEntryCutPoint},
+    {19, &C::SavePartMP3},  {20, &C::SavePartOgg},
+    {21, &C::SavePartWMA},  {22, &C::SavePartWav},
+    {23, &C::Saveselec},    {25, &C::SelecMP3},
+    {26, &C::selecOgg},     {27, &C::SelecWma},
+    {28, &C::SelecWav},     {29, &C::SelecFormatConfig},
+    {32, &C::Help},         {33, &C::Homepage},
+    {36, &C::about},
 };
 
 constexpr std::pair<std::size_t, int> buttonTips[] = {
@@ -43,16 +51,20 @@ constexpr std::pair<std::size_t, int> buttonTips[] = {
 };
 
 constexpr std::pair<std::size_t, PictureButton C::*> pictureTips[] = {
-    {45, &C::Image13}, {47, &C::Image8}, {120, &C::Image15}, {42, &C::Image21}, {17, &C::Image9}, {11, &C::Image10},
+    {45, &C::Image13}, {47, &C::Image8}, {120, &C::Image15},
+    {42, &C::Image21}, {17, &C::Image9}, {11, &C::Image10},
 };
 
 constexpr std::pair<std::size_t, Label C::*> labelCaptions[] = {
-    {48, &C::Label8}, {49, &C::Label5}, {50, &C::Label6}, {51, &C::Label7}, {57, &C::Label9}, {58, &C::Label13},
-    {59, &C::Label14}, {60, &C::Label19}, {61, &C::Label15}, {62, &C::Label21},
+    {48, &C::Label8},  {49, &C::Label5},  {50, &C::Label6},  {51, &C::Label7},  {57, &C::Label9},
+    {58, &C::Label13}, {59, &C::Label14}, {60, &C::Label19}, {61, &C::Label15}, {62, &C::Label21},
 };
 
 constexpr std::pair<std::size_t, UpDown C::*> spinTips[] = {
-    {63, &C::UpDown1}, {63, &C::UpDown2}, {64, &C::UpDown3}, {64, &C::UpDown4},
+    {63, &C::UpDown1},
+    {63, &C::UpDown2},
+    {64, &C::UpDown3},
+    {64, &C::UpDown4},
 };
 
 // Blanks at the end of a line count: other text is put behind them.

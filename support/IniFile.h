@@ -1,5 +1,5 @@
-// Reads and writes one key of an ini file. A write goes through a new file and a rename, so no reader ever sees
-// half a file and a full disk leaves the old one.
+// Reads and writes one key of an ini file. A write goes through a new file and a rename, so no reader ever
+// sees half a file and a full disk leaves the old one.
 #pragma once
 
 #include <QString>

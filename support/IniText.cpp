@@ -9,7 +9,10 @@ bool isSameName(const QByteArray& a, const QByteArray& b)
     return a.trimmed().compare(b, Qt::CaseInsensitive) == 0;
 }
 
-bool isComment(const QByteArray& line) { return line.startsWith(';') || line.startsWith('#'); }
+bool isComment(const QByteArray& line)
+{
+    return line.startsWith(';') || line.startsWith('#');
+}
 
 // Name of the section that a line opens; null for any other line.
 QByteArray sectionOf(const QByteArray& line)
@@ -20,8 +23,8 @@ QByteArray sectionOf(const QByteArray& line)
 }
 
 struct Place {
-    qsizetype line = -1;   // of the key; -1: there is none
-    qsizetype behind = -1; // the line behind which the key would go; -1: there is no such section
+    qsizetype line = -1;      // of the key; -1: there is none
+    qsizetype behind = -1;    // the line behind which the key would go; -1: there is no such section
 };
 
 Place find(const QList<QByteArray>& lines, const QByteArray& section, const QByteArray& key)

@@ -23,9 +23,10 @@ LameEncoder::LameEncoder(QWidget* owner)
     Label6.setFont(look::font(12, QFont::DemiBold));
     Label6.setText(QStringLiteral("Lame Encoder is requiered on this computer to properly encode to MP3"));
     put(Label4, QStringLiteral("Label4"), {20, 62, 400, 80});
-    Label4.setText(QStringLiteral("Unzip the downloaded file then put %1 in your system's folder Then restart the "
-                                  "application. The file must be placed here: \n%2")
-                       .arg(lameLibraryPlace().file, lameLibraryFolder()));
+    Label4.setText(
+        QStringLiteral("Unzip the downloaded file then put %1 in your system's folder Then restart the "
+                       "application. The file must be placed here: \n%2")
+            .arg(lameLibraryPlace().file, lameLibraryFolder()));
     for (QLabel* text : {&Label6, &Label4}) {
         text->setWordWrap(true);
         text->setTextFormat(Qt::PlainText);

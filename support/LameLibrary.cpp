@@ -22,7 +22,8 @@ static QString withSeparator(const QString& folder)
 bool LameEncoderPresent()
 {
     const LameLibraryPlace& place = lameLibraryPlace();
-    return std::ranges::any_of(place.folders, [&](const QString& f) { return FileExists(withSeparator(f) + place.file); });
+    return std::ranges::any_of(place.folders,
+                               [&](const QString& f) { return FileExists(withSeparator(f) + place.file); });
 }
 
 QString lameLibraryFolder()

@@ -1,5 +1,5 @@
-// The settings file, and small questions to the file system. Nothing is cached: each reader asks the file at the
-// moment it needs a value, each writer writes at once.
+// The settings file, and small questions to the file system. Nothing is cached: each reader asks the file at
+// the moment it needs a value, each writer writes at once.
 #pragma once
 
 #include <QString>
@@ -7,8 +7,8 @@
 /// Fixes `IniPath` and `IniFolder`, and makes the settings folder where it is missing. Never fails.
 void LocateIniFile();
 
-/// The value of a key; "" when the key or the file is missing. At most 254 characters. Sections and keys are found
-/// without regard to case.
+/// The value of a key; "" when the key or the file is missing. At most 254 characters. Sections and keys are
+/// found without regard to case.
 QString IniRead(const QString& file, const QString& section, const QString& key);
 
 /// Writes a key; everything else in the file stays, comments too. A failed write goes unnoticed.

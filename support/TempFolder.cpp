@@ -24,7 +24,8 @@ bool makeOwnFolder(const QString& path)
     const QByteArray name = QFile::encodeName(path);
     if (::mkdir(name.constData(), 0700) == 0) return true;
     struct stat status {};
-    if (::lstat(name.constData(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid()) return false;
+    if (::lstat(name.constData(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid())
+        return false;
     return (status.st_mode & 0777) == 0700 || ::chmod(name.constData(), 0700) == 0;
 }
 

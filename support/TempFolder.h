@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// Path with a trailing separator. A second running program gets a folder of its own below it, so neither touches
-/// the other's sound. Throws when no such folder can be made.
+/// Path with a trailing separator. A second running program gets a folder of its own below it, so neither
+/// touches the other's sound. Throws when no such folder can be made.
 QString temporaryFolder();

@@ -12,8 +12,8 @@
 
 namespace {
 
-const QStringList titles{QStringLiteral("Daybreak"), QStringLiteral("The Walk"), QString(), QStringLiteral("Rain on Tin"),
-                         QStringLiteral("Homeward")};
+const QStringList titles{QStringLiteral("Daybreak"), QStringLiteral("The Walk"), QString(),
+                         QStringLiteral("Rain on Tin"), QStringLiteral("Homeward")};
 
 void say(const QString& line)
 {
@@ -35,7 +35,8 @@ Tour::Tour(CutterSelect& form, const QString& outFolder, const QString& sampleFo
     QFile list(sampleFolder + QStringLiteral("/sample.cuts"));
     check(list.open(QIODevice::ReadOnly | QIODevice::Text), QStringLiteral("the list of cuts"));
     for (const QByteArray& line : list.readAll().split('\n'))
-        if (const QByteArray number = line.trimmed(); !number.isEmpty() && !number.startsWith('#')) cuts_.push_back(number.toInt());
+        if (const QByteArray number = line.trimmed(); !number.isEmpty() && !number.startsWith('#'))
+            cuts_.push_back(number.toInt());
     QDir(out_).removeRecursively();
     QDir().mkpath(out_);
 }
@@ -48,7 +49,8 @@ void Tour::run()
     nameParts();
     fillTags();
     for (const auto& [option, folder, extension] :
-         {std::tuple{1, QStringLiteral("mp3"), QStringLiteral("mp3")}, {2, QStringLiteral("ogg"), QStringLiteral("ogg")}}) {
+         {std::tuple{1, QStringLiteral("mp3"), QStringLiteral("mp3")},
+          {2, QStringLiteral("ogg"), QStringLiteral("ogg")}}) {
         chooseFormat(option);
         saveAll(folder);
         showFiles(folder, extension);
@@ -64,7 +66,8 @@ void Tour::check(bool isRight, const QString& what)
 void Tour::takePicture(const QString& name)
 {
     QTest::qWait(0);
-    const QString path = out_ + QStringLiteral("/%1-%2.png").arg(++pictures_, 2, 10, QLatin1Char('0')).arg(name);
+    const QString path =
+        out_ + QStringLiteral("/%1-%2.png").arg(++pictures_, 2, 10, QLatin1Char('0')).arg(name);
     check(form_.grab().save(path), QStringLiteral("picture ") + path);
 }
 
@@ -73,7 +76,8 @@ void Tour::openSample()
     dialogs_.expectFile(sample_);
     form_.OpenAudioFile.trigger();
     check(form_.FileLoaded && !form_.Scanning && TotalSamples > 0, QStringLiteral("opening ") + sample_);
-    say(QStringLiteral("opened %1: %2, %3").arg(form_.Label1.text(), form_.Label4.text(), form_.Label3.text()));
+    say(QStringLiteral("opened %1: %2, %3")
+            .arg(form_.Label1.text(), form_.Label4.text(), form_.Label3.text()));
     takePicture(QStringLiteral("opened"));
 }
 
@@ -91,9 +95,11 @@ void Tour::setCuts()
 
 void Tour::pressBarOfPart(int row)
 {
-    const double x = xOfSample(form_.Picture1.Width(), TotalSamples, row == 1 ? 0 : CutPoints.at(static_cast<std::size_t>(row - 1)));
+    const double x = xOfSample(form_.Picture1.Width(), TotalSamples,
+                               row == 1 ? 0 : CutPoints.at(static_cast<std::size_t>(row - 1)));
     QTest::mouseClick(&form_.Picture1, Qt::LeftButton, {}, QPoint(qRound(x / twipsPerPixel) + 12, 187));
-    check(form_.HasSelectedPart && form_.ListView1.selectedRow() == row, QStringLiteral("selecting part %1").arg(row));
+    check(form_.HasSelectedPart && form_.ListView1.selectedRow() == row,
+          QStringLiteral("selecting part %1").arg(row));
 }
 
 void Tour::nameParts()
@@ -102,7 +108,8 @@ void Tour::nameParts()
         pressBarOfPart(row);
         if (titles.value(row - 1).isEmpty()) continue;
         type(form_.TextTitle, titles.value(row - 1));
-        check(form_.ListView1.cell(row, PartsListView::Title) == titles.value(row - 1), QStringLiteral("naming part %1").arg(row));
+        check(form_.ListView1.cell(row, PartsListView::Title) == titles.value(row - 1),
+              QStringLiteral("naming part %1").arg(row));
     }
     pressBarOfPart(2);
     takePicture(QStringLiteral("titled"));
@@ -139,13 +146,15 @@ void Tour::showFiles(const QString& subfolder, const QString& extension)
 {
     const QDir folder(out_ + QLatin1Char('/') + subfolder);
     const QStringList files = folder.entryList(QDir::Files, QDir::Time | QDir::Reversed);
-    check(files.size() == CutCount + 1, QStringLiteral("%1 files instead of %2").arg(files.size()).arg(CutCount + 1));
+    check(files.size() == CutCount + 1,
+          QStringLiteral("%1 files instead of %2").arg(files.size()).arg(CutCount + 1));
     for (const QString& name : files) {
         check(name.endsWith(extension, Qt::CaseInsensitive), name);
         QProcess probe;
-        probe.start(QStringLiteral("ffprobe"), {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
-                                                QStringLiteral("format=duration"), QStringLiteral("-of"),
-                                                QStringLiteral("csv=p=0"), folder.filePath(name)});
+        probe.start(QStringLiteral("ffprobe"),
+                    {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
+                     QStringLiteral("format=duration"), QStringLiteral("-of"), QStringLiteral("csv=p=0"),
+                     folder.filePath(name)});
         check(probe.waitForFinished() && probe.exitCode() == 0, QStringLiteral("reading ") + name);
         const double seconds = probe.readAllStandardOutput().trimmed().toDouble();
         check(seconds > 0, name + QStringLiteral(" has no length"));

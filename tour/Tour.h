@@ -1,5 +1,5 @@
-// The tour: opens the sample sound in the real window, cuts, titles, tags and saves it, and takes pictures on the way.
-// Every step checks what it did and throws where it failed.
+// The tour: opens the sample sound in the real window, cuts, titles, tags and saves it, and takes pictures on
+// the way. Every step checks what it did and throws where it failed.
 #pragma once
 
 #include "core/CutterSelect.h"

@@ -15,7 +15,8 @@ int main(int argc, char** argv)
         CutterSelect form(*engine);
         form.Form_Load();
         form.show();
-        Tour(form, QString::fromLocal8Bit(argc > 1 ? argv[1] : "tour-out"), QStringLiteral(QUILLON_SAMPLES)).run();
+        Tour(form, QString::fromLocal8Bit(argc > 1 ? argv[1] : "tour-out"), QStringLiteral(QUILLON_SAMPLES))
+            .run();
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

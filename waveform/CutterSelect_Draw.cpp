@@ -17,10 +17,13 @@ constexpr double peaksPerTwip = 18.0;
 constexpr int barTopPx = 178;
 constexpr int barHeightPx = 18;
 constexpr Twips handleOffset = 25;
-constexpr Twips narrowestNumbered = 230; // a part of this width or less gets no number
+constexpr Twips narrowestNumbered = 230;    // a part of this width or less gets no number
 
 // The vertical centre of all drawing.
-double centreOf(const Surface& picture) { return picture.Height() / 2.0 + 120 - 80; }
+double centreOf(const Surface& picture)
+{
+    return picture.Height() / 2.0 + 120 - 80;
+}
 
 }
 
@@ -144,7 +147,8 @@ void CutterSelect::DrawWaveform()
         Line6.setX(Line2.X1());
         Line6.setVisible(true);
     }
-    DrawRulerAndMarkers(); // Kept: this makes the list anew, so the row selected above is selected no longer
+    DrawRulerAndMarkers();    // Kept: this makes the list anew, so the row selected above is selected no
+                              // longer
     DrawTrackBar();
 }
 

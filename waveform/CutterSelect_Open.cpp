@@ -47,7 +47,7 @@ void CutterSelect::chooseFileToOpen()
 
 void CutterSelect::Ouvre(const QString& chosen)
 {
-    const QString file = chosen; // the caller hands over `CurrentFile` itself
+    const QString file = chosen;    // the caller hands over `CurrentFile` itself
     KeepRunning = true;
     ProgressForm->Label2.setText(langText(74) + QStringLiteral("0 %"));
     ProgressForm->show();
@@ -148,7 +148,7 @@ void CutterSelect::showScanProgress(std::int16_t percent, bool isRecording)
         giveWay();
         return;
     }
-    if (percent == ProgressForm->ProgressBar1()) return; // Cancel is only heard when the percentage moves
+    if (percent == ProgressForm->ProgressBar1()) return;    // Cancel is only heard when the percentage moves
     ProgressForm->setProgressBar1(percent);
     StatusBar1.Panels(1).setText(langText(72) + QString::number(percent) + QStringLiteral(" %"));
     ProgressForm->Label2.setText(langText(74) + QString::number(percent) + QStringLiteral(" %"));
@@ -163,7 +163,7 @@ void CutterSelect::failScan(bool isRecording)
     try {
         finishScan(isRecording);
     } catch (const std::exception&) {
-        EnableMainForm(); // the scan may have begun, and nobody else would
+        EnableMainForm();    // the scan may have begun, and nobody else would
         throw;
     }
 }

@@ -42,7 +42,7 @@ void CutterSelect::zoomIn()
     Toolbar1.Buttons(5).setEnabled(true);
     Toolbar1.Buttons(6).setEnabled(true);
     ++ZoomLevel;
-    if (ZoomLevel == lastZoomLevel) { // Kept: the last level has no width of its own
+    if (ZoomLevel == lastZoomLevel) {    // Kept: the last level has no width of its own
         Toolbar1.Buttons(4).setEnabled(false);
         return;
     }
@@ -83,6 +83,7 @@ void CutterSelect::restoreAspect()
 {
     Line6.setVisible(false);
     const std::int32_t sample = positionSample();
+    Toolbar1.Buttons(4).setEnabled(true);    // it is disabled at the last level alone
     Toolbar1.Buttons(5).setEnabled(false);
     Toolbar1.Buttons(6).setEnabled(false);
     ZoomLevel = 0;
@@ -103,4 +104,7 @@ void CutterSelect::restoreAspect()
     ClearPartDetails();
 }
 
-void CutterSelect::MonScroll_Change() { Picture1.setLeft(scrolledLeft(MonScroll.value())); }
+void CutterSelect::MonScroll_Change()
+{
+    Picture1.setLeft(scrolledLeft(MonScroll.value()));
+}

@@ -34,7 +34,10 @@ void Form2::setProgressBar1(double value)
     bar_.setValue(static_cast<int>(value * stepsPerPercent + 0.5));
 }
 
-void Form2::unloading() { KeepRunning = false; }
+void Form2::unloading()
+{
+    KeepRunning = false;
+}
 
 void Form2::closeEvent(QCloseEvent* event)
 {

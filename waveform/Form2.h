@@ -16,9 +16,9 @@ public:
     Label Label2;
     QPushButton Command1;
 
-    double ProgressBar1() const { return value_; } ///< 0 to 100, fractions allowed
+    double ProgressBar1() const { return value_; }    ///< 0 to 100, fractions allowed
     void setProgressBar1(double value);
-    void unloading(); ///< the form is on its way out, whoever sent it
+    void unloading();    ///< the form is on its way out, whoever sent it
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -25,7 +25,7 @@ void PeakScan::add(std::span<std::int16_t> block, std::vector<std::int32_t>& pea
 
 std::int32_t magnitude(std::int16_t& sample)
 {
-    if (sample == -32768) sample = -32665; // Kept: not -32767
+    if (sample == -32768) sample = -32665;    // Kept: not -32767
     return std::abs(std::int32_t{sample});
 }
 

@@ -16,9 +16,9 @@ public:
     void add(std::span<std::int16_t> block, std::vector<std::int32_t>& peaks);
 
 private:
-    std::int32_t ratio_;         // elements of even index from one entry to the next
-    std::int64_t untilNext_ = 0; // even elements to pass before the next entry; runs on across blocks
-    std::size_t next_ = 0;       // entries so far
+    std::int32_t ratio_;            // elements of even index from one entry to the next
+    std::int64_t untilNext_ = 0;    // even elements to pass before the next entry; runs on across blocks
+    std::size_t next_ = 0;          // entries so far
 };
 
 /// Magnitude of a sample. -32768 becomes -32665 in place, since 16 bits have no +32768.

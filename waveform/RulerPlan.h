@@ -5,12 +5,12 @@
 
 #include <vector>
 
-inline constexpr int rulerSectionPx = 106; ///< one label each
+inline constexpr int rulerSectionPx = 106;    ///< one label each
 inline constexpr int barSectionPx = 44;
 
 struct RulerSection {
-    int xPx = 0;             ///< left pixel of the copy
-    std::int32_t sample = 0; ///< whose time is printed
+    int xPx = 0;                ///< left pixel of the copy
+    std::int32_t sample = 0;    ///< whose time is printed
 };
 
 /// One section every 106 pixels, and one beyond the right edge.

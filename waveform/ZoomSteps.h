@@ -3,12 +3,15 @@
 
 #include "core/Numbers.h"
 
-inline constexpr Twips zoomStep = 30000;         ///< widening of each level, twips
-inline constexpr std::int32_t lastZoomLevel = 8; ///< a level without a width of its own
-inline constexpr double scrollUnit = 300;        ///< twips of one unit of the scroll bar
+inline constexpr Twips zoomStep = 30000;            ///< widening of each level, twips
+inline constexpr std::int32_t lastZoomLevel = 8;    ///< a level without a width of its own
+inline constexpr double scrollUnit = 300;           ///< twips of one unit of the scroll bar
 
 /// Width at 1:1, from that of the viewport.
-inline Twips baseWidth(Twips viewport) { return viewport - 35; }
+inline Twips baseWidth(Twips viewport)
+{
+    return viewport - 35;
+}
 
 /// Largest value of the scroll bar for a waveform of `width` in a viewport.
 inline std::int16_t scrollMaximum(Twips width, Twips viewport)

@@ -8,7 +8,8 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
     setApplicationName(QStringLiteral("quillon"));
     setApplicationDisplayName(QStringLiteral("Quillon"));
     setDesktopFileName(QStringLiteral("quillon"));
-    setAttribute(Qt::AA_DontUseNativeDialogs);    // a desktop's own can't be told to skip the overwrite question
+    setAttribute(
+        Qt::AA_DontUseNativeDialogs);    // a desktop's own can't be told to skip the overwrite question
     setQuitOnLastWindowClosed(false);
     applyLook(*this);
 }

@@ -1,4 +1,5 @@
-// Indexed display objects. Index 0 is a template that is never shown; the others are made and unmade at run time.
+// Indexed display objects. Index 0 is a template that is never shown; the others are made and unmade at run
+// time.
 #pragma once
 
 #include "core/Errors.h"
@@ -32,10 +33,7 @@ public:
     int UBound() const { return items_.rbegin()->first; }
 
     /// Unloads everything but the template.
-    void unloadAll()
-    {
-        items_.erase(items_.upper_bound(0), items_.end());
-    }
+    void unloadAll() { items_.erase(items_.upper_bound(0), items_.end()); }
 
 private:
     Maker make_;

@@ -15,7 +15,8 @@ public:
     {
         return askForOpen(title, filter);
     }
-    std::optional<QString> saveFile(const QString& title, const FileFilter& filter, const QString& name) override
+    std::optional<QString> saveFile(const QString& title, const FileFilter& filter,
+                                    const QString& name) override
     {
         return askForSave(title, filter, name);
     }
@@ -25,10 +26,14 @@ public:
 QMessageBox::Icon boxIcon(Icon icon)
 {
     switch (icon) {
-    case Icon::Information: return QMessageBox::Information;
-    case Icon::Exclamation: return QMessageBox::Warning;
-    case Icon::Critical: return QMessageBox::Critical;
-    case Icon::Question: break;
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Critical:
+        return QMessageBox::Critical;
+    case Icon::Question:
+        break;
     }
     return QMessageBox::Question;
 }

@@ -25,7 +25,8 @@ public:
     virtual Answer message(const QString& text, Icon icon, Buttons buttons, const QString& title) = 0;
     /// The path chosen, none when the user left without a choice.
     virtual std::optional<QString> openFile(const QString& title, const FileFilter& filter) = 0;
-    virtual std::optional<QString> saveFile(const QString& title, const FileFilter& filter, const QString& name) = 0;
+    virtual std::optional<QString> saveFile(const QString& title, const FileFilter& filter,
+                                            const QString& name) = 0;
     virtual std::optional<QString> folder(const QString& title) = 0;
 };
 

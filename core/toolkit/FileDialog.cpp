@@ -23,7 +23,7 @@ QString filterRow(const FileFilter& filter)
 {
     const qsizetype bracket = filter.text.lastIndexOf(QLatin1String(" (*."));
     return (bracket < 0 ? filter.text : filter.text.left(bracket)) + QStringLiteral(" (") +
-        filter.patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+           filter.patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
 }
 
 QList<QUrl> places()
@@ -72,7 +72,8 @@ std::optional<QString> askForSave(const QString& title, const FileFilter& filter
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(filterRow(filter));
     dialog.selectFile(name);
-    // A name with a separator in it (a title such as "a/b") would be taken for a path and leave the field empty.
+    // A name with a separator in it (a title such as "a/b") would be taken for a path and leave the field
+    // empty.
     if (auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) field->setText(name);
     return run(dialog);
 }

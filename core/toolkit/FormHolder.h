@@ -1,4 +1,5 @@
-// The one instance of a form: made when it is first named, gone when it is unloaded, made anew at the next use.
+// The one instance of a form: made when it is first named, gone when it is unloaded, made anew at the next
+// use.
 #pragma once
 
 #include <utility>

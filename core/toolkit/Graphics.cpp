@@ -41,8 +41,7 @@ void GraphicItem::update() const
 
 GraphicLine::GraphicLine(Surface& surface, const QString& name, QColor color, bool isDotted)
     : GraphicItem(surface, name), color_(color), isDotted_(isDotted)
-{
-}
+{}
 
 void GraphicLine::place(Twips x1, Twips y1, Twips x2, Twips y2)
 {
@@ -64,7 +63,8 @@ void GraphicLine::paint(QPainter& painter, double dpr) const
 {
     const QRectF px = boundsPx();
     const int thick = std::max(1, static_cast<int>(std::lround(dpr)));
-    const int x = static_cast<int>(std::floor(px.left() * dpr)), y = static_cast<int>(std::floor(px.top() * dpr));
+    const int x = static_cast<int>(std::floor(px.left() * dpr)),
+              y = static_cast<int>(std::floor(px.top() * dpr));
     const int w = x1_ == x2_ ? thick : static_cast<int>(px.width() * dpr);
     const int h = y1_ == y2_ ? thick : static_cast<int>(px.height() * dpr);
     if (!isDotted_) {
@@ -74,11 +74,10 @@ void GraphicLine::paint(QPainter& painter, double dpr) const
     for (int dot = 0; dot < h; dot += 3 * thick) painter.fillRect(x, y + dot, w, thick, color_);
 }
 
-GraphicImage::GraphicImage(Surface& surface, const QString& name, const QString& picture, Twips left, Twips top,
-                           Twips width, Twips height)
+GraphicImage::GraphicImage(Surface& surface, const QString& name, const QString& picture, Twips left,
+                           Twips top, Twips width, Twips height)
     : GraphicItem(surface, name), left_(left), top_(top), width_(width), height_(height), picture_(picture)
-{
-}
+{}
 
 void GraphicImage::setLeft(Twips left)
 {
@@ -111,6 +110,7 @@ void GraphicImage::paint(QPainter& painter, double dpr) const
     const QRectF px = boundsPx();
     QPixmap picture = pixmap(picture_, px.size().toSize(), dpr);
     picture.setDevicePixelRatio(1);    // the painter works in device pixels
-    painter.drawPixmap(QPoint(static_cast<int>(std::floor(px.left() * dpr)), static_cast<int>(px.top() * dpr)),
-                       picture, QRect(QPoint(0, 0), picture.size()));
+    painter.drawPixmap(
+        QPoint(static_cast<int>(std::floor(px.left() * dpr)), static_cast<int>(px.top() * dpr)), picture,
+        QRect(QPoint(0, 0), picture.size()));
 }

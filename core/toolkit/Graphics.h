@@ -72,8 +72,8 @@ class GraphicImage : public GraphicItem {
     Q_OBJECT
 
 public:
-    GraphicImage(Surface& surface, const QString& name, const QString& picture, Twips left, Twips top, Twips width,
-                 Twips height);
+    GraphicImage(Surface& surface, const QString& name, const QString& picture, Twips left, Twips top,
+                 Twips width, Twips height);
 
     Twips Left() const { return left_; }
     Twips Top() const { return top_; }

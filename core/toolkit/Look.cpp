@@ -103,7 +103,8 @@ QFont look::font(int px, QFont::Weight weight)
 {
     QFont font;
     // One family with digits of one width, or the running time would jitter.
-    font.setFamilies({QStringLiteral("Open Sans"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+    font.setFamilies(
+        {QStringLiteral("Open Sans"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
     font.setPixelSize(px);
     font.setWeight(weight);
     return font;

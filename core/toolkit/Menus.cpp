@@ -61,7 +61,8 @@ Toolbar::Toolbar(QWidget* parent, const QString& name, QRectF placePx) : QToolBa
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     for (const ToolbarButton& row : toolbarButtons) {
-        QAction* button = row.picture ? addAction(icon(QString::fromLatin1(row.picture)), QString()) : addSeparator();
+        QAction* button =
+            row.picture ? addAction(icon(QString::fromLatin1(row.picture)), QString()) : addSeparator();
         button->setObjectName(QStringLiteral("%1(%2)").arg(name).arg(row.index));
         buttons_[static_cast<std::size_t>(row.index)] = button;
         if (!row.picture) continue;
@@ -70,9 +71,10 @@ Toolbar::Toolbar(QWidget* parent, const QString& name, QRectF placePx) : QToolBa
         widgetForAction(button)->setObjectName(button->objectName());
         widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
         widgetForAction(button)->setFixedSize(30, 30);
-        connect(button, &QAction::triggered, this, guarded([this, index = static_cast<std::int16_t>(row.index)](bool) {
-            if (onButtonClick) onButtonClick(index);
-        }));
+        connect(button, &QAction::triggered, this,
+                guarded([this, index = static_cast<std::int16_t>(row.index)](bool) {
+                    if (onButtonClick) onButtonClick(index);
+                }));
     }
 }
 

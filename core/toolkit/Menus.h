@@ -26,7 +26,8 @@ class MenuEntry : public QAction {
     Q_OBJECT
 
 public:
-    MenuEntry(Menu& menu, const QString& name, const QString& caption = {}, const QKeySequence& shortcut = {});
+    MenuEntry(Menu& menu, const QString& name, const QString& caption = {},
+              const QKeySequence& shortcut = {});
 };
 
 /// The tool bar. Buttons count from 1, separators included.

@@ -45,7 +45,8 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
-        painter->drawPixmap(rect, ::pixmap(name_, rect.size(), painter->device()->devicePixelRatioF(), mode != QIcon::Disabled));
+        painter->drawPixmap(rect, ::pixmap(name_, rect.size(), painter->device()->devicePixelRatioF(),
+                                           mode != QIcon::Disabled));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
@@ -65,7 +66,12 @@ private:
 
 QPixmap pixmap(const QString& name, QSize sizePx, double dpr, bool isEnabled)
 {
-    const QString key = QStringLiteral("%1/%2x%3@%4/%5").arg(name).arg(sizePx.width()).arg(sizePx.height()).arg(dpr).arg(isEnabled);
+    const QString key = QStringLiteral("%1/%2x%3@%4/%5")
+                            .arg(name)
+                            .arg(sizePx.width())
+                            .arg(sizePx.height())
+                            .arg(dpr)
+                            .arg(isEnabled);
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
     picture = render(QStringLiteral(":/quillon/icons/%1.svg").arg(name), sizePx, dpr);
@@ -81,7 +87,8 @@ QIcon icon(const QString& name)
 
 QCursor customCursor(const QString& name, double dpr)
 {
-    const QPixmap picture = render(QStringLiteral(":/quillon/cursors/%1.svg").arg(name.toLower()), QSize(24, 24), dpr);
+    const QPixmap picture =
+        render(QStringLiteral(":/quillon/cursors/%1.svg").arg(name.toLower()), QSize(24, 24), dpr);
     if (name == QLatin1String("SELECTION")) return QCursor(picture, 10, 2);    // tip of the finger
     if (name == QLatin1String("CURSEUR")) return QCursor(picture, 11, 11);
     return QCursor(picture, 12, 2);    // tip of the blades

@@ -23,12 +23,14 @@ int buttonOf(Qt::MouseButton button)
 
 int shiftOf(Qt::KeyboardModifiers keys)
 {
-    return (keys & Qt::ShiftModifier ? 1 : 0) | (keys & Qt::ControlModifier ? 2 : 0) | (keys & Qt::AltModifier ? 4 : 0);
+    return (keys & Qt::ShiftModifier ? 1 : 0) | (keys & Qt::ControlModifier ? 2 : 0) |
+           (keys & Qt::AltModifier ? 4 : 0);
 }
 
 }
 
-Surface::Surface(QWidget* parent, const QString& name, QColor backColor) : QWidget(parent), backColor_(backColor)
+Surface::Surface(QWidget* parent, const QString& name, QColor backColor)
+    : QWidget(parent), backColor_(backColor)
 {
     setObjectName(name);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -78,8 +80,8 @@ void Surface::layWidget()
     setGeometry(px(left_), px(top_), std::max(0, px(width_)), std::max(0, px(height_)));
 }
 
-// Keeps what is drawn where the size changes, and makes room for one column more than the width, so that a copy
-// from a stamp never ends a device pixel short at a broken scale.
+// Keeps what is drawn where the size changes, and makes room for one column more than the width, so that a
+// copy from a stamp never ends a device pixel short at a broken scale.
 void Surface::fitStore()
 {
     const double dpr = scale();
@@ -133,7 +135,8 @@ void Surface::Print(Twips x, Twips y, const QString& text)
 void Surface::BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, int sourceXPx, int sourceYPx)
 {
     const double dpr = scale();
-    // The store of a stamp is a device pixel larger than the stamp: that one is only for the rounding of whole copies.
+    // The store of a stamp is a device pixel larger than the stamp: that one is only for the rounding of
+    // whole copies.
     wPx = std::min(wPx, static_cast<int>(source.width_ / twipsPerPixel) - sourceXPx);
     hPx = std::min(hPx, static_cast<int>(source.height_ / twipsPerPixel) - sourceYPx);
     if (wPx <= 0 || hPx <= 0) return;
@@ -153,14 +156,15 @@ void Surface::BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, 
     update();
 }
 
-// All lines have one colour, so of those that fall on one column only the tallest counts. The table of columns
-// is filled row by row, which is many times quicker than line after line, and gives the same pixels.
+// All lines have one colour, so of those that fall on one column only the tallest counts. The table of
+// columns is filled row by row, which is many times quicker than line after line, and gives the same pixels.
 void Surface::strokes(std::span<const double> heights, double step, double centre, QColor color)
 {
     const double dpr = scale();
     const int thick = std::max(1, static_cast<int>(std::lround(dpr)));
     const int width = store_.width(), height = store_.height();
-    std::vector<int> top(static_cast<std::size_t>(width), height), bottom(static_cast<std::size_t>(width), -1);
+    std::vector<int> top(static_cast<std::size_t>(width), height),
+        bottom(static_cast<std::size_t>(width), -1);
     for (std::size_t i = 0; i < heights.size(); ++i) {
         const int x = devicePixel(step * static_cast<double>(i) / twipsPerPixel, dpr);
         const int from = std::max(0, devicePixel((centre - heights[i]) / twipsPerPixel, dpr));
@@ -202,7 +206,8 @@ void Surface::raise(GraphicItem* item)
 GraphicImage* Surface::imageAt(double x, double y) const
 {
     for (auto i = items_.rbegin(); i != items_.rend(); ++i)
-        if (auto* image = qobject_cast<GraphicImage*>(*i); image && image->Visible() && image->contains(x, y)) return image;
+        if (auto* image = qobject_cast<GraphicImage*>(*i); image && image->Visible() && image->contains(x, y))
+            return image;
     return nullptr;
 }
 
@@ -219,7 +224,8 @@ void Surface::paintEvent(QPaintEvent* event)
     painter.scale(1 / dpr, 1 / dpr);
     const auto paintAll = [&](auto isMine) {
         for (const GraphicItem* item : items_)
-            if (isMine(item) && item->Visible() && item->boundsPx().intersects(QRectF(exposed).adjusted(-1, -1, 1, 1)))
+            if (isMine(item) && item->Visible() &&
+                item->boundsPx().intersects(QRectF(exposed).adjusted(-1, -1, 1, 1)))
                 item->paint(painter, dpr);
     };
     paintAll([](const GraphicItem* item) { return qobject_cast<const GraphicLine*>(item) != nullptr; });
@@ -238,24 +244,28 @@ void Surface::mousePressEvent(QMouseEvent* event)
     if (!image) {
         if (onMouseDown) onMouseDown(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
     } else if (image->onMouseDown) {
-        image->onMouseDown(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+        image->onMouseDown(button, shift, static_cast<Twips>(x - image->Left()),
+                           static_cast<Twips>(y - image->Top()));
     }
 }
 
 void Surface::mouseMoveEvent(QMouseEvent* event)
 {
     const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
-    // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own, and so
-    // does one whose release went to a menu.
+    // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own,
+    // and so does one whose release went to a menu.
     if (event->buttons() == Qt::NoButton) isPressed_ = false;
     GraphicImage* image = grabber_ ? grabber_ : isPressed_ ? nullptr : imageAt(x, y);
-    const int button = event->buttons() & Qt::LeftButton ? leftButton : event->buttons() & Qt::RightButton ? rightButton : 0;
+    const int button = event->buttons() & Qt::LeftButton    ? leftButton
+                       : event->buttons() & Qt::RightButton ? rightButton
+                                                            : 0;
     const int shift = shiftOf(event->modifiers());
     showCursorFor(image);
     if (!image) {
         if (onMouseMove) onMouseMove(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
     } else if (image->onMouseMove) {
-        image->onMouseMove(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+        image->onMouseMove(button, shift, static_cast<Twips>(x - image->Left()),
+                           static_cast<Twips>(y - image->Top()));
     }
 }
 
@@ -268,11 +278,13 @@ void Surface::mouseReleaseEvent(QMouseEvent* event)
     if (!image) {
         if (onMouseUp) onMouseUp(button, shift, static_cast<Twips>(x), static_cast<Twips>(y));
     } else if (image->onMouseUp) {
-        image->onMouseUp(button, shift, static_cast<Twips>(x - image->Left()), static_cast<Twips>(y - image->Top()));
+        image->onMouseUp(button, shift, static_cast<Twips>(x - image->Left()),
+                         static_cast<Twips>(y - image->Top()));
     }
 }
 
-// The toolkit's own answer would run the press handler a second time. A handle takes it as a press all the same.
+// The toolkit's own answer would run the press handler a second time. A handle takes it as a press all the
+// same.
 void Surface::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (imageAt(event->position().x() * twipsPerPixel, event->position().y() * twipsPerPixel))

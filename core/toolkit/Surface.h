@@ -33,7 +33,8 @@ public:
     void Cls();
     void Print(Twips x, Twips y, const QString& text);
     /// Copies a rectangle of `source`, all in logical pixels.
-    void BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, int sourceXPx = 0, int sourceYPx = 0);
+    void BitBlt(int xPx, int yPx, int wPx, int hPx, const Surface& source, int sourceXPx = 0,
+                int sourceYPx = 0);
     /// Vertical lines about a centre, one for each height: the line of `heights[i]` stands at x = `step` * i.
     void strokes(std::span<const double> heights, double step, double centre, QColor color);
     void Refresh() { update(); }

@@ -46,7 +46,8 @@ void Label::mousePressEvent(QMouseEvent* event)
 
 void Label::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) onClick();
+    if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        onClick();
 }
 
 bool Label::event(QEvent* event)
@@ -67,8 +68,8 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, QRectF placeP
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     connect(this, &QAbstractButton::clicked, this, guarded([this](bool) {
-        if (onClick) onClick();
-    }));
+                if (onClick) onClick();
+            }));
 }
 
 void PictureButton::setPicture(const QString& name)
@@ -117,7 +118,8 @@ void PictureButton::paintFrame(QPainter& painter) const
     const QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool isHot = isEnabled() && (underMouse() || isDown());
     switch (frame_) {
-    case Frame::None: break;
+    case Frame::None:
+        break;
     case Frame::Flat:
         if (isChosen_ || isHot) {
             painter.setPen(isChosen_ ? look::fieldBorder : look::hairline);

@@ -15,7 +15,8 @@ class Label : public QLabel {
     Q_OBJECT
 
 public:
-    Label(QWidget* parent, const QString& name, QRectF placePx, Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+    Label(QWidget* parent, const QString& name, QRectF placePx,
+          Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
 
     Qt::TextElideMode elideMode = Qt::ElideRight;
     int smallerPx = 0;    ///< font size to fall back to before the text is shortened

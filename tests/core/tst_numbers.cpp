@@ -94,7 +94,10 @@ void tst_numbers::aRemainderHasTheSignOfTheDividend()
     QCOMPARE(checkedMod(7, -3), 1);
 }
 
-void tst_numbers::aRemainderByZeroThrows() { QVERIFY_EXCEPTION_THROWN(checkedMod(7, 0), ConversionError); }
+void tst_numbers::aRemainderByZeroThrows()
+{
+    QVERIFY_EXCEPTION_THROWN(checkedMod(7, 0), ConversionError);
+}
 
 void tst_numbers::theSmallestNumberByMinusOneLeavesNothing()
 {

@@ -199,12 +199,15 @@ void tst_time_text::aSampleStandsInProportionToTheWidth()
     QCOMPARE(twipsOfSample(10420, 3, 1), 3473.33325f);
 }
 
-void tst_time_text::withoutAFileEverySampleStandsAtTheLeft() { QCOMPARE(xOfSample(10420, 0, 250), 0.0); }
+void tst_time_text::withoutAFileEverySampleStandsAtTheLeft()
+{
+    QCOMPARE(xOfSample(10420, 0, 250), 0.0);
+}
 
 void tst_time_text::aPlaceGivesItsSampleRounded()
 {
-    QCOMPARE(sampleOfX(10, 5, 1), 0); // 0.5
-    QCOMPARE(sampleOfX(10, 5, 3), 2); // 1.5
+    QCOMPARE(sampleOfX(10, 5, 1), 0);    // 0.5
+    QCOMPARE(sampleOfX(10, 5, 3), 2);    // 1.5
     QCOMPARE(sampleOfX(10420, 441000, 10420), 441000);
 }
 

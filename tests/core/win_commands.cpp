@@ -59,7 +59,10 @@ static void addIndexes(std::initializer_list<int> indexes)
     for (const int index : indexes) QTest::addRow("button %d", index) << index;
 }
 
-void win_commands::aCommandIsRefusedWithoutADocument_data() { addIndexes({4, 5, 6, 10, 11, 12, 14, 15}); }
+void win_commands::aCommandIsRefusedWithoutADocument_data()
+{
+    addIndexes({4, 5, 6, 10, 11, 12, 14, 15});
+}
 
 void win_commands::aCommandIsRefusedWithoutADocument()
 {
@@ -75,7 +78,10 @@ void win_commands::aCommandIsRefusedWithoutADocument()
     QCOMPARE(form.Line2.X1(), Twips{300});
 }
 
-void win_commands::aCommandIsRefusedDuringAScan_data() { addIndexes({2, 4, 5, 6, 10, 11, 12}); }
+void win_commands::aCommandIsRefusedDuringAScan_data()
+{
+    addIndexes({2, 4, 5, 6, 10, 11, 12});
+}
 
 void win_commands::aCommandIsRefusedDuringAScan()
 {
@@ -94,7 +100,10 @@ void win_commands::aCommandIsRefusedDuringAScan()
     QVERIFY(form.FileLoaded);
 }
 
-void win_commands::zoomingOutIsRefusedAtOneToOne_data() { addIndexes({5, 6}); }
+void win_commands::zoomingOutIsRefusedAtOneToOne_data()
+{
+    addIndexes({5, 6});
+}
 
 void win_commands::zoomingOutIsRefusedAtOneToOne()
 {
@@ -108,7 +117,10 @@ void win_commands::zoomingOutIsRefusedAtOneToOne()
     QCOMPARE(form.Line2.X1(), Twips{300});
 }
 
-void win_commands::anIndexWithoutARowDoesNothing_data() { addIndexes({-1, 0, 3, 7, 9, 13, 16, 19, 32767}); }
+void win_commands::anIndexWithoutARowDoesNothing_data()
+{
+    addIndexes({-1, 0, 3, 7, 9, 13, 16, 19, 32767});
+}
 
 void win_commands::anIndexWithoutARowDoesNothing()
 {

@@ -190,7 +190,7 @@ void win_controls::noNameStandsTwice()
     FormFixture fixture;
     auto& form = fixture.load();
     for (const char* name : controls) {
-        if (QByteArray(name).startsWith("Toolbar1(")) continue; // the action and the button that shows it
+        if (QByteArray(name).startsWith("Toolbar1(")) continue;    // the action and the button that shows it
         QVERIFY2(form.findChildren<QObject*>(name).size() == 1, name);
     }
 }

@@ -212,7 +212,7 @@ void win_start::theWindowIsNamedAndColoured()
 void win_start::aSizeInTwipsIsRoundedBeforeItIsDivided()
 {
     QWidget window;
-    SetWindowLimits(window, 149.6f, 164.5f); // 150 and 164 twips
+    SetWindowLimits(window, 149.6f, 164.5f);    // 150 and 164 twips
     QCOMPARE(window.minimumSize(), QSize(10, 10));
     QCOMPARE(window.maximumSize(), QSize(10, 10));
 }

@@ -8,7 +8,7 @@
 #include <QMouseEvent>
 #include <QTest>
 
-inline constexpr std::int32_t songLength = 1042000; ///< samples; the waveform is 10420 twips wide
+inline constexpr std::int32_t songLength = 1042000;    ///< samples; the waveform is 10420 twips wide
 inline constexpr std::int32_t samplesPerTwip = 100;
 
 /// Heights on the waveform, twips.
@@ -57,7 +57,7 @@ inline void doubleClickAt(QWidget& on, double x, double y)
     releaseAt(on, x, y);
 }
 
-inline constexpr double insideHandle = 20; ///< twips from the corner of a handle
+inline constexpr double insideHandle = 20;    ///< twips from the corner of a handle
 
 /// Presses on a handle of the waveform, `insideHandle` from its corner.
 inline void pressHandle(CutterSelect& form, int index, Qt::MouseButton button = Qt::LeftButton)

@@ -38,7 +38,10 @@ void exchangeSort(Table& cuts, std::int32_t count)
     }
 }
 
-QString T(std::int32_t sample) { return FormatSeconds(SampleToSecondeD(sample, 44100)); }
+QString T(std::int32_t sample)
+{
+    return FormatSeconds(SampleToSecondeD(sample, 44100));
+}
 
 std::vector<PartRecord> partsAt(std::initializer_list<std::pair<const char*, std::int32_t>> records)
 {

@@ -7,9 +7,15 @@ using Column = PartsListView::Column;
 
 namespace {
 
-QString T(std::int32_t sample) { return FormatSeconds(SampleToSecondeD(sample, SampleRate)); }
+QString T(std::int32_t sample)
+{
+    return FormatSeconds(SampleToSecondeD(sample, SampleRate));
+}
 
-Twips xOf(std::int32_t sample) { return static_cast<Twips>(10420.0 / songLength * sample); }
+Twips xOf(std::int32_t sample)
+{
+    return static_cast<Twips>(10420.0 / songLength * sample);
+}
 
 // One of the eight arrows, by the control's number.
 QToolButton& arrow(CutterSelect& form, int control, bool isLater)
@@ -213,7 +219,7 @@ void win_boundaries::aMarkerIsFoundByItsSample()
     Cutting cutting({700000});
     auto& form = cutting.form;
     form.Line2.setX(3000);
-    form.SetCutPoint.trigger(); // the second marker, the first cut
+    form.SetCutPoint.trigger();    // the second marker, the first cut
     cutting.fixture.pressBarOfRow(1);
     step(form, 2, later);
     QCOMPARE(cutting.tags(), (QStringList{"700000", "300441"}));
@@ -311,7 +317,7 @@ void win_boundaries::theNextCutSortsThemAgain()
 
 void win_boundaries::aMovedEndEqualsTheNextStartUntilTheListIsMadeAnew()
 {
-    Cutting cutting({441221}); // by a step to 441662, just above the middle of two hundredths
+    Cutting cutting({441221});    // by a step to 441662, just above the middle of two hundredths
     auto& list = cutting.form.ListView1;
     cutting.fixture.pressBarOfRow(1);
     step(cutting.form, 2, later);
@@ -353,7 +359,7 @@ void win_boundaries::withoutASelectedRowAnArrowClearsTheDetails()
     QFETCH(int, control);
     QFETCH(bool, isLater);
     cutting.fixture.pressBarOfRow(2);
-    form.FillPartsList(); // no row of the new list is selected
+    form.FillPartsList();    // no row of the new list is selected
     step(form, control, isLater);
     QVERIFY(cutting.isDetailPanelCleared());
     QCOMPARE(cutting.cuts(), (Samples{300000, 700000}));

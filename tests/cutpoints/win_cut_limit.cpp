@@ -21,9 +21,12 @@ struct Everything {
     bool operator==(const Everything&) const = default;
 };
 
-constexpr std::int32_t spacing = 10000; // a hundred twips
+constexpr std::int32_t spacing = 10000;    // a hundred twips
 
-QString T(std::int32_t sample) { return FormatSeconds(SampleToSecondeD(sample, testRate)); }
+QString T(std::int32_t sample)
+{
+    return FormatSeconds(SampleToSecondeD(sample, testRate));
+}
 
 }
 

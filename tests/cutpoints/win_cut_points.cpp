@@ -77,7 +77,7 @@ void win_cut_points::theToolbarCutsAsTheMenuDoes()
 void win_cut_points::theCutLiesOnTheRoundedSample()
 {
     Cutting cutting;
-    cutting.form.Line2.setX(3000.1264f); // sample 300012.64
+    cutting.form.Line2.setX(3000.1264f);    // sample 300012.64
     cutting.form.SetCutPoint.trigger();
     QCOMPARE(cutting.cuts(), Samples{300013});
     QCOMPARE(PartTable.at(1).StartSample, 300013);
@@ -265,10 +265,10 @@ void win_cut_points::deletingOneOfTwoCutsOnASampleLeavesTheOther()
 {
     Cutting cutting({300000, 500000, 500000, 700000});
     auto& form = cutting.form;
-    cutting.fixture.pressBarOfRow(4); // the part behind the empty one
+    cutting.fixture.pressBarOfRow(4);    // the part behind the empty one
     form.DeleteEntryCutPoint.trigger();
     QCOMPARE(cutting.cuts(), (Samples{300000, 500000, 700000}));
-    QCOMPARE(form.SelectedPart, 2); // the highlight begins on the cut that is left
+    QCOMPARE(form.SelectedPart, 2);    // the highlight begins on the cut that is left
 }
 
 void win_cut_points::deletingWithoutACutDoesNothing()
@@ -276,7 +276,7 @@ void win_cut_points::deletingWithoutACutDoesNothing()
     Cutting cutting({300000});
     cutting.fixture.pressBarOfRow(2);
     cutting.form.DeleteEntryCutPoint.trigger();
-    cutting.form.DeleteEntryCutPoint_Click(); // the code of the last part still stands
+    cutting.form.DeleteEntryCutPoint_Click();    // the code of the last part still stands
     QCOMPARE(CutCount, 0);
     QCOMPARE(lastPartRecord(), 0);
 }

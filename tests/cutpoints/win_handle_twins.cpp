@@ -56,7 +56,7 @@ void win_handle_twins::aPressOnATwinHidesTheHighlightAndStartsADrag()
     QCOMPARE(form.MarkerIndex, 2);
     QCOMPARE(form.BopSample, 700000);
     QCOMPARE(form.DragStartX, 10);
-    QCOMPARE(form.Label11.text(), QString("Part.02")); // hidden before the details would be cleared
+    QCOMPARE(form.Label11.text(), QString("Part.02"));    // hidden before the details would be cleared
 }
 
 void win_handle_twins::aDragFromATwinGoesOnUntilAHandleIsReleased()
@@ -69,7 +69,7 @@ void win_handle_twins::aDragFromATwinGoesOnUntilAHandleIsReleased()
     releaseAt(form.Picture3, form.Bop1(1).Left() + 40, form.Bop1(1).Top() + insideHandle);
     QVERIFY(form.BopDrag);
 
-    moveTo(form.Picture1, 3045, y); // no button is held
+    moveTo(form.Picture1, 3045, y);    // no button is held
     QCOMPARE(form.Bop(1).Left(), 3045.f);
     QCOMPARE(cutting.cuts(), (Samples{307500, 900000}));
     QCOMPARE(form.ListView1.cell(2, PartsListView::SampleStart), QString("300000"));
@@ -92,7 +92,7 @@ void win_handle_twins::aTwinDraggedByTheWindowsOwnMouseGoesOnAfterTheRelease()
     };
     const double y = form.Bop(1).Top() + insideHandle;
     QTest::mouseMove(form.windowHandle(), inWindow(3030, y));
-    cutting.fixture.pressBarOfRow(2); // the twin comes up under the resting pointer
+    cutting.fixture.pressBarOfRow(2);    // the twin comes up under the resting pointer
     QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, inWindow(3030, y));
     QVERIFY(form.BopDrag && form.Picture2.isHidden());
     QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, inWindow(3030, y));

@@ -5,7 +5,10 @@
 
 namespace {
 
-void pullTo(CutterSelect& form, double x) { moveTo(form.Picture1, x, inWave, Qt::LeftButton); }
+void pullTo(CutterSelect& form, double x)
+{
+    moveTo(form.Picture1, x, inWave, Qt::LeftButton);
+}
 
 // A whole drag that lets go with the pointer at x.
 void drag(CutterSelect& form, int index, double x)
@@ -81,7 +84,7 @@ void win_handles::aPressStartsADrag()
     QCOMPARE(form.MarkerIndex, 2);
     QCOMPARE(form.BopSample, 700000);
     QCOMPARE(form.DragStartX, 20);
-    QCOMPARE(form.Line2.X1(), 100.f); // the waveform below hears nothing
+    QCOMPARE(form.Line2.X1(), 100.f);    // the waveform below hears nothing
     QVERIFY(form.PicInfos.isHidden());
 }
 
@@ -100,7 +103,7 @@ void win_handles::aHandleGoesWhereItIsPulled()
     QCOMPARE(form.Bop(1).Left(), 2975.f);
     pressHandle(form, 1);
     pullTo(form, 4000);
-    QCOMPARE(form.Bop(1).Left(), 4000.f); // its edge is where the pointer is
+    QCOMPARE(form.Bop(1).Left(), 4000.f);    // its edge is where the pointer is
     QCOMPARE(form.Bop1(1).Left(), 4000.f);
     QCOMPARE(form.Line5(1).X1(), 4030.f);
     QCOMPARE(form.Line5(1).X2(), 4030.f);
@@ -161,7 +164,7 @@ void win_handles::theTimeOfTheCutShowsBesideTheLine()
     QVERIFY(!form.PicInfos.isHidden());
     QCOMPARE(form.PicInfos.Left(), 4045.f);
     const QImage shown = form.PicInfos.store();
-    QVERIFY(shown == boxWith(form, "00:09.14")); // 403000 samples
+    QVERIFY(shown == boxWith(form, "00:09.14"));    // 403000 samples
     QVERIFY(shown != boxWith(form, "00:09.13"));
 }
 
@@ -188,7 +191,7 @@ void win_handles::aCutStaysHalfASecondFromItsNeighbours_data()
     QTest::addColumn<QList<int>>("cuts");
     QTest::addColumn<int>("index");
     QTest::addColumn<double>("pointer");
-    QTest::addColumn<float>("line"); // of 22050 samples, that is 220.5 twips, from its neighbour
+    QTest::addColumn<float>("line");    // of 22050 samples, that is 220.5 twips, from its neighbour
     QTest::addRow("the first from the file's start") << QList<int>{300000} << 1 << 10.0 << 220.f;
     QTest::addRow("the last from the file's end") << QList<int>{300000} << 1 << 10400.0 << 10200.f;
     QTest::addRow("the first from the second") << QList<int>{300000, 700000} << 1 << 7000.0 << 6780.f;
@@ -219,11 +222,11 @@ void win_handles::aHandleWhoseIndexIsNotItsPlaceMovesItsOwnCut()
     Cutting cutting({700000});
     auto& form = cutting.form;
     form.Line2.setX(3000);
-    form.SetCutPoint.trigger(); // the second marker, the first cut
+    form.SetCutPoint.trigger();    // the second marker, the first cut
     drag(form, 2, 4000);
     QCOMPARE(cutting.cuts(), (Samples{403000, 700000}));
     QCOMPARE(cutting.tags(), (QStringList{"700000", "403000"}));
-    drag(form, 2, 9000); // held back by the other one
+    drag(form, 2, 9000);    // held back by the other one
     QCOMPARE(cutting.cuts(), (Samples{678000, 700000}));
 }
 

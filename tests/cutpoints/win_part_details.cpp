@@ -90,7 +90,7 @@ void win_part_details::theBoundariesThatCanMoveAreEnabled()
 void win_part_details::aSelectedPartEnablesItsCommands()
 {
     FormFixture fixture;
-    fixture.writeSetting("WMA", "WMASUPPORT", "True"); // without it the entry for WMA is not there
+    fixture.writeSetting("WMA", "WMASUPPORT", "True");    // without it the entry for WMA is not there
     auto& form = fixture.open(song(), {300000});
     fixture.pressBarOfRow(2);
     for (QAction* entry : partEntries(form)) QVERIFY2(entry->isEnabled(), qPrintable(entry->objectName()));
@@ -156,7 +156,7 @@ void win_part_details::eachKeyOfATitleReachesTheRowAndTheTable()
 
 void win_part_details::aTitleIsWrittenIntoTheRecordOfItsStart()
 {
-    Cutting cutting({700000, 300000}); // the record of the second part was made last
+    Cutting cutting({700000, 300000});    // the record of the second part was made last
     auto& form = cutting.form;
     cutting.fixture.pressBarOfRow(2);
     focusTitle(form);
@@ -234,7 +234,7 @@ void win_part_details::aTitleForARowNoLongerSelectedClearsThePanel()
     auto& form = cutting.form;
     cutting.title(2, "two");
     focusTitle(form);
-    form.FillPartsList(); // no row of the new list is selected
+    form.FillPartsList();    // no row of the new list is selected
     type(form, "x");
     QVERIFY(cutting.isDetailPanelCleared());
     QCOMPARE(cutting.titles(), (QStringList{"", "two"}));

@@ -22,7 +22,10 @@ void doubleClickRow(CutterSelect& form, int row)
     QTest::mouseRelease(form.ListView1.viewport(), Qt::LeftButton, {}, middleOf(form, row));
 }
 
-QPoint besideTheRows(CutterSelect& form) { return QPoint(40, form.ListView1.viewport()->height() - 5); }
+QPoint besideTheRows(CutterSelect& form)
+{
+    return QPoint(40, form.ListView1.viewport()->height() - 5);
+}
 
 // Closes the menu that is up and says which it was.
 QString closeMenu()
@@ -33,7 +36,10 @@ QString closeMenu()
     return menu->objectName();
 }
 
-QWidget& control(CutterSelect& form, const QString& name) { return *form.findChild<QWidget*>(name); }
+QWidget& control(CutterSelect& form, const QString& name)
+{
+    return *form.findChild<QWidget*>(name);
+}
 
 }
 
@@ -104,7 +110,7 @@ void win_parts_list::aSelectedPartIsShownEverywhere()
     QCOMPARE(form.TextTitle.text(), QString("two"));
     QVERIFY(!form.Picture2.isHidden());
     QVERIFY(form.Line6.Visible());
-    QCOMPARE(form.Line6.X1(), 1000.f); // where the position line stands, inside or not
+    QCOMPARE(form.Line6.X1(), 1000.f);    // where the position line stands, inside or not
     QCOMPARE(form.Line6.X2(), 1000.f);
 }
 
@@ -287,7 +293,8 @@ void win_parts_list::aTabShowsItsPanel()
     QFETCH(QString, clicked);
     QFETCH(QString, tab);
     QFETCH(QString, panel);
-    press(tab == QLatin1String("Image22") ? form.Image24 : form.Image22, QPoint(5, 5)); // another one before
+    press(tab == QLatin1String("Image22") ? form.Image24 : form.Image22,
+          QPoint(5, 5));    // another one before
     press(control(form, clicked), QPoint(5, 5));
     for (const char* name : {"PicTag", "PicOutput", "ListView1"})
         QCOMPARE(control(form, name).isHidden(), name != panel);

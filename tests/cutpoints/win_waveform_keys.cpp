@@ -72,7 +72,7 @@ void win_waveform_keys::aRightPressOnTheBarSelectsAndOpensTheMenuAtThePointer()
 {
     Cutting cutting({100000});
     auto& form = cutting.form;
-    const QPoint at(100, 187); // the menu has room there
+    const QPoint at(100, 187);    // the menu has room there
     QTest::mousePress(&form.Picture1, Qt::RightButton, {}, at);
     QCOMPARE(QApplication::activePopupWidget(), static_cast<QWidget*>(&form.popup1));
     QCOMPARE(form.popup1.pos(), form.Picture1.mapToGlobal(at));
@@ -162,7 +162,7 @@ void win_waveform_keys::anArrowKeySelectsTheNextPart()
     QFETCH(int, key);
     QFETCH(int, to);
     activate(form);
-    cutting.fixture.pressBarOfRow(from); // the press gives the waveform the focus
+    cutting.fixture.pressBarOfRow(from);    // the press gives the waveform the focus
     QTest::keyClick(form.windowHandle(), static_cast<Qt::Key>(key));
     QTEST(form.SelectedPart, "code");
     QCOMPARE(form.ListView1.selectedRow(), to);
@@ -195,7 +195,7 @@ void win_waveform_keys::withoutASelectedPartArrowKeysDoNothing()
     auto& form = cutting.form;
     activate(form);
     cutting.fixture.pressBarOfRow(2);
-    clickAt(form.Picture1, 1000, inWave); // the row stays selected
+    clickAt(form.Picture1, 1000, inWave);    // the row stays selected
     QTest::keyClick(form.windowHandle(), Qt::Key_Right);
     QCOMPARE(form.ListView1.selectedRow(), 2);
     QCOMPARE(form.SelectedPart, 1);
@@ -209,7 +209,7 @@ void win_waveform_keys::withoutASelectedRowArrowKeysDoNothing()
     activate(form);
     cutting.fixture.pressBarOfRow(2);
     press(*form.Toolbar1.widgetForAction(&form.Toolbar1.Buttons(4)),
-          QPoint(15, 15)); // the zoom makes the list anew
+          QPoint(15, 15));    // the zoom makes the list anew
     QVERIFY(form.HasSelectedPart);
     QTest::keyClick(form.windowHandle(), Qt::Key_Right);
     QCOMPARE(form.SelectedPart, 1);

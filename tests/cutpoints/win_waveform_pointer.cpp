@@ -57,7 +57,7 @@ void win_waveform_pointer::heightDecidesFirst()
     auto& form = cutting.form;
     QFETCH(double, y);
     form.Line2.setX(0);
-    press(form.Image13, QPoint(5, 5)); // scissors: each zone does something of its own
+    press(form.Image13, QPoint(5, 5));    // scissors: each zone does something of its own
     clickAt(form.Picture1, 6000, y);
     QTEST(QString(form.ClickedPart          ? "bar"
                   : CutCount == 2           ? "wave"
@@ -95,7 +95,7 @@ void win_waveform_pointer::aPressOnTheWaveMovesThePosition()
     QCOMPARE(form.Line2.X1(), 6000.f);
     QCOMPARE(form.Line2.X2(), 6000.f);
     QCOMPARE(form.IndicTime.Left(), 5880.f);
-    QCOMPARE(form.Label2.text(), QString("00:13.60")); // 13605 ms
+    QCOMPARE(form.Label2.text(), QString("00:13.60"));    // 13605 ms
     QVERIFY(!form.HasSelectedPart && !form.ClickedPart && form.Picture2.isHidden() &&
             cutting.isDetailPanelCleared());
 }
@@ -203,7 +203,10 @@ void win_waveform_pointer::scissorsCutUnderThePointer()
     QCOMPARE(form.Line2.X1(), 500.f);
 }
 
-void win_waveform_pointer::scissorsAddNothingAtTheEnds_data() { theArrowReachesBothEnds_data(); }
+void win_waveform_pointer::scissorsAddNothingAtTheEnds_data()
+{
+    theArrowReachesBothEnds_data();
+}
 
 void win_waveform_pointer::scissorsAddNothingAtTheEnds()
 {
@@ -322,7 +325,7 @@ void win_waveform_pointer::aFaultOfTheStreamIsNotTrapped()
     journal().clear();
     clickAt(form.Picture1, 5000, inWave);
     QCOMPARE(cutting.fixture.fatals, QStringList{playerCalls[call] + " fails"});
-    QCOMPARE(journal().commands().size(), call + 1); // nothing follows the fault
+    QCOMPARE(journal().commands().size(), call + 1);    // nothing follows the fault
     QCOMPARE(form.Label2.text(), QString("00:11.33"));
 }
 

@@ -10,13 +10,13 @@
 struct Mp3Frame {
     int kbit = 0;
     int hertz = 0;
-    int mode = 0; ///< 0 stereo, 1 joint stereo, 2 dual channels, 3 mono
+    int mode = 0;    ///< 0 stereo, 1 joint stereo, 2 dual channels, 3 mono
     bool isMidSide = false;
     bool hasChecksum = false;
-    int emphasis = 0;       ///< 0 none, 1 50/15 microseconds, 3 CCITT J.17
-    int reservoirBytes = 0; ///< bytes of earlier frames that it uses
+    int emphasis = 0;          ///< 0 none, 1 50/15 microseconds, 3 CCITT J.17
+    int reservoirBytes = 0;    ///< bytes of earlier frames that it uses
     bool hasShortBlocks = false;
-    QByteArray body; ///< the frame without its header
+    QByteArray body;    ///< the frame without its header
 };
 
 /// A stream of one MPEG version. The encoder's tag frame is kept apart.
@@ -27,7 +27,7 @@ public:
         for (qsizetype at = 0; at + 4 <= bytes.size();) {
             const Mp3Frame frame = parse(bytes, at);
             const qsizetype size = frame.body.size() + 4;
-            const qsizetype mark = 4 + sideBytes(frame); // the tag frame never has a checksum
+            const qsizetype mark = 4 + sideBytes(frame);    // the tag frame never has a checksum
             const QByteArray name = bytes.mid(at + mark, 4);
             if (at == 0 && (name == "Xing" || name == "Info"))
                 readTag(name, bytes.mid(at + mark));
@@ -39,10 +39,10 @@ public:
     }
 
     std::vector<Mp3Frame> frames;
-    QByteArray tagName;    ///< "Xing", "Info" or empty
-    int tagMethod = -1;    ///< 1 constant, 2 average, 3 to 5 the variable methods
-    int tagLowpass = -1;   ///< hundreds of Hz
-    bool isUnwise = false; ///< the encoder's own word for unusual settings
+    QByteArray tagName;       ///< "Xing", "Info" or empty
+    int tagMethod = -1;       ///< 1 constant, 2 average, 3 to 5 the variable methods
+    int tagLowpass = -1;      ///< hundreds of Hz
+    bool isUnwise = false;    ///< the encoder's own word for unusual settings
 
     QByteArray sound() const
     {
@@ -83,7 +83,7 @@ private:
         const QByteArray header = bytes.mid(at, 4);
         if (bits(header, 0, 11) != 0x7FF || bits(header, 13, 2) != 1)
             throw std::runtime_error("no frame header");
-        const int version = bits(header, 11, 2); // 3 MPEG 1, 2 MPEG 2, 0 MPEG 2.5
+        const int version = bits(header, 11, 2);    // 3 MPEG 1, 2 MPEG 2, 0 MPEG 2.5
         isMpeg1_ = version == 3;
         Mp3Frame frame;
         frame.hasChecksum = bits(header, 15, 1) == 0;

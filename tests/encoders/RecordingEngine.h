@@ -12,8 +12,8 @@
 class RecordingFile : public AudioFile {
 public:
     QStringList calls;
-    QStringList mp3Values; ///< the 22 texts of the format given last, in the order of the keys
-    bool accepts = true;   ///< answer of IsFormatOggVorbisAvailable
+    QStringList mp3Values;    ///< the 22 texts of the format given last, in the order of the keys
+    bool accepts = true;      ///< answer of IsFormatOggVorbisAvailable
     std::int32_t profiles = 51;
 
     void SetFormatPCM(std::int32_t, std::int32_t, std::int32_t) override { calls << "SetFormatPCM"; }

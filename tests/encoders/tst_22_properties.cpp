@@ -12,7 +12,7 @@ struct SavedPart {
 };
 
 using Witness = QString (*)(const SavedPart&);
-using Stored = QMap<QString, QString>; // texts by key
+using Stored = QMap<QString, QString>;    // texts by key
 
 SavedPart savedWith(Stored stored, const QString& key, const QString& value)
 {
@@ -29,11 +29,26 @@ SavedPart savedWith(Stored stored, const QString& key, const QString& value)
 
 // ---- what a part shows
 
-QString kbit(const SavedPart& p) { return QString::number(p.stream.frames.at(10).kbit); }
-QString hertz(const SavedPart& p) { return QString::number(p.stream.frames.front().hertz); }
-QString emphasis(const SavedPart& p) { return QString::number(p.stream.frames.front().emphasis); }
-QString checksum(const SavedPart& p) { return p.stream.frames.front().hasChecksum ? "checksum" : "none"; }
-QString tag(const SavedPart& p) { return p.stream.tagName; }
+QString kbit(const SavedPart& p)
+{
+    return QString::number(p.stream.frames.at(10).kbit);
+}
+QString hertz(const SavedPart& p)
+{
+    return QString::number(p.stream.frames.front().hertz);
+}
+QString emphasis(const SavedPart& p)
+{
+    return QString::number(p.stream.frames.front().emphasis);
+}
+QString checksum(const SavedPart& p)
+{
+    return p.stream.frames.front().hasChecksum ? "checksum" : "none";
+}
+QString tag(const SavedPart& p)
+{
+    return p.stream.tagName;
+}
 
 QString mode(const SavedPart& p)
 {
@@ -41,7 +56,10 @@ QString mode(const SavedPart& p)
     return names[p.stream.frames.front().mode];
 }
 
-QString method(const SavedPart& p) { return p.stream.tagName + ' ' + QString::number(p.stream.tagMethod); }
+QString method(const SavedPart& p)
+{
+    return p.stream.tagName + ' ' + QString::number(p.stream.tagMethod);
+}
 
 template <typename Is>
 int framesThat(const SavedPart& p, Is is)
@@ -75,7 +93,10 @@ QString below160(const SavedPart& p)
     return framesThat(p, [](const Mp3Frame& f) { return f.kbit < 160; }) ? "below 160" : "160 at least";
 }
 
-QString meanAbove140(const SavedPart& p) { return p.stream.meanKbit() > 140 ? "above 140" : "below 140"; }
+QString meanAbove140(const SavedPart& p)
+{
+    return p.stream.meanKbit() > 140 ? "above 140" : "below 140";
+}
 
 template <int Hertz, int LevelDb = -40>
 QString tone(const SavedPart& p)
@@ -83,11 +104,17 @@ QString tone(const SavedPart& p)
     return toneLevel(p.sound, Hertz) > LevelDb ? "there" : "gone";
 }
 
-QString tagSaysUnwise(const SavedPart& p) { return p.stream.isUnwise ? "unwise" : "wise"; }
+QString tagSaysUnwise(const SavedPart& p)
+{
+    return p.stream.isUnwise ? "unwise" : "wise";
+}
 
-QString sound(const SavedPart& p) { return p.stream.sound().toHex(); }
+QString sound(const SavedPart& p)
+{
+    return p.stream.sound().toHex();
+}
 
-const QString differs; // no text of its own: the two parts are only told to differ
+const QString differs;    // no text of its own: the two parts are only told to differ
 
 }
 

@@ -37,7 +37,10 @@ void tst_bitrate_table::everyRowIsFoundByItsRate()
         QCOMPARE(rowOfRate(samplingRates[i].hertz), static_cast<int>(i));
 }
 
-void tst_bitrate_table::anUnknownRateRunsPastTheLastRow() { QCOMPARE(rowOfRate(96000), 9); }
+void tst_bitrate_table::anUnknownRateRunsPastTheLastRow()
+{
+    QCOMPARE(rowOfRate(96000), 9);
+}
 
 QTEST_GUILESS_MAIN(tst_bitrate_table)
 #include "tst_bitrate_table.moc"

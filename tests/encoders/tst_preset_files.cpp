@@ -41,9 +41,9 @@ void addPresets()
     QTest::addColumn<int>("rate");
     QTest::addColumn<int>("channels");
     QTest::addColumn<int>("vbrMethod");
-    QTest::addColumn<int>("abr");     // kbit/s
-    QTest::addColumn<int>("quality"); // of VBR
-    QTest::addColumn<int>("lowpass"); // Hz
+    QTest::addColumn<int>("abr");        // kbit/s
+    QTest::addColumn<int>("quality");    // of VBR
+    QTest::addColumn<int>("lowpass");    // Hz
     const auto row = [](const char* name, bool isAlternative, int number, int rate, int channels,
                         int vbrMethod, int abr, int quality, int lowpass) {
         QTest::addRow("%s", name) << isAlternative << number << rate << channels << vbrMethod << abr

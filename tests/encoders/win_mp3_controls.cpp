@@ -211,7 +211,7 @@ void win_mp3_controls::theCodingMethodEnables()
     Desk desk;
     desk.openMp3([=](frmMP3& dialog) {
         chooseTab(dialog.tabMP3, 2);
-        choose(dialog.cmbVBRCodingMethod, row == 5 ? 0 : 5); // from the opposite
+        choose(dialog.cmbVBRCodingMethod, row == 5 ? 0 : 5);    // from the opposite
         choose(dialog.cmbVBRCodingMethod, row);
         for (QWidget* control : std::initializer_list<QWidget*>{&dialog.lblVbrQuality, &dialog.udVbrQuality,
                                                                 &dialog.udVbrQuality.text()})

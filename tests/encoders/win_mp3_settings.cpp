@@ -248,7 +248,7 @@ void win_mp3_settings::theQualityIsNotTakenByApply()
 {
     Desk desk;
     desk.openMp3([&](frmMP3& dialog) {
-        desk.format->EncoderQuality = 1; // behind the dialog's back
+        desk.format->EncoderQuality = 1;    // behind the dialog's back
         click(dialog.cmdApply);
     });
     QCOMPARE(desk.stored("Mp3", "8"), QString("1"));

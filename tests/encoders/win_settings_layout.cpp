@@ -205,7 +205,7 @@ void win_settings_layout::aListHasItsRows()
 void win_settings_layout::aNumberBoxHasItsRange_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QList<int>>("numbers"); // least, most, step, value before the fill
+    QTest::addColumn<QList<int>>("numbers");    // least, most, step, value before the fill
     QTest::addRow("highpass") << "udHFiltF" << QList<int>{0, 48000, 10, 30};
     QTest::addRow("highpass width") << "udHFiltW" << QList<int>{0, 48000, 10, 5};
     QTest::addRow("lowpass") << "udLFiltF" << QList<int>{0, 48000, 10, 15160};

@@ -6,9 +6,15 @@
 #include "engine/FfmpegInput.h"
 #include "tests/engine/ReadingFixtures.h"
 
-inline Bytes listOf(const char* kind, const Bytes& chunks) { return chunk("LIST", Bytes(kind, 4) + chunks); }
+inline Bytes listOf(const char* kind, const Bytes& chunks)
+{
+    return chunk("LIST", Bytes(kind, 4) + chunks);
+}
 
-inline Bytes number(std::uint32_t value) { return littleEndian(value); }
+inline Bytes number(std::uint32_t value)
+{
+    return littleEndian(value);
+}
 
 inline Bytes streamHead(const char* type, std::uint32_t rate, std::uint32_t unitBytes)
 {
@@ -55,10 +61,16 @@ inline Bytes headList(const Bytes& streams, std::uint32_t flags = 0)
     return listOf("hdrl", mainHead(flags, 2) + streams);
 }
 
-inline Bytes aviFile(const Bytes& parts) { return chunk("RIFF", Bytes("AVI ") + parts); }
+inline Bytes aviFile(const Bytes& parts)
+{
+    return chunk("RIFF", Bytes("AVI ") + parts);
+}
 
 /// Stream 0 is pictures, stream 1 plain stereo sound.
-inline Bytes usualHead() { return headList(pictureStream() + soundStream(pcmForm(2, 16), 44100, 4)); }
+inline Bytes usualHead()
+{
+    return headList(pictureStream() + soundStream(pcmForm(2, 16), 44100, 4));
+}
 
 /// The sound in chunks of stream 1, one of pictures ahead of each.
 inline Bytes interleaved(const Bytes& sound, int chunkBytes, int pictureBytes = 301)

@@ -56,7 +56,10 @@ inline Bytes formChunk(int channels, int bits, int tag = 1, int rate = 44100)
                              littleEndian(std::uint16_t(frameBytes)) + littleEndian(std::uint16_t(bits)));
 }
 
-inline Bytes riff(const Bytes& chunks) { return chunk("RIFF", Bytes("WAVE") + chunks); }
+inline Bytes riff(const Bytes& chunks)
+{
+    return chunk("RIFF", Bytes("WAVE") + chunks);
+}
 
 inline Bytes bytesOf(const SampleArray& sound)
 {

@@ -13,7 +13,7 @@ void addPresets()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<bool>("alternative");
-    QTest::addColumn<int>("lamePreset"); // as LAME numbers them
+    QTest::addColumn<int>("lamePreset");    // as LAME numbers them
     const auto row = [](const char* name, int number, bool alternative, int lamePreset) {
         QTest::addRow("%s", name) << number << alternative << lamePreset;
     };

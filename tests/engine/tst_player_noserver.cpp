@@ -26,7 +26,7 @@ public:
         usable = ::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
                  ::listen(socket_, 8) == 0;
     }
-    ~SilentSocket() { ::close(socket_); } // the file stays, as after a crash
+    ~SilentSocket() { ::close(socket_); }    // the file stays, as after a crash
     SilentSocket(const SilentSocket&) = delete;
     SilentSocket& operator=(const SilentSocket&) = delete;
 
@@ -77,7 +77,10 @@ void tst_player_noserver::init()
     player_ = makePulsePlayer();
 }
 
-void tst_player_noserver::cleanup() { player_.reset(); }
+void tst_player_noserver::cleanup()
+{
+    player_.reset();
+}
 
 void tst_player_noserver::withoutASocketAStartFails()
 {

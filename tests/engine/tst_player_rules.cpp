@@ -23,7 +23,10 @@ private slots:
     void answeringBothEventsKeepsTwoArraysAhead();
 };
 
-void tst_player_rules::aPlayerThatNeverStartedHasNotFailed() { QVERIFY(!Stage().player.GetFailed()); }
+void tst_player_rules::aPlayerThatNeverStartedHasNotFailed()
+{
+    QVERIFY(!Stage().player.GetFailed());
+}
 
 void tst_player_rules::aStartWithoutADeviceFails()
 {
@@ -128,7 +131,7 @@ void tst_player_rules::anAnsweredRequestIsFollowedByTheNext()
     stage.run(350000);
     QCOMPARE(fed, 500000);
     QCOMPARE(stage.heard(), frameRange(1, 350000 - 882));
-    QCOMPARE(stage.backend->silentFrames, std::size_t{882}); // before the first tick
+    QCOMPARE(stage.backend->silentFrames, std::size_t{882});    // before the first tick
 }
 
 void tst_player_rules::anUnansweredRequestIsRaisedAgainWhenAnArrayEnds()

@@ -99,7 +99,10 @@ void tst_player_settings::theVolumeStaysAcrossStarts()
     QCOMPARE(stage.backend->sound, SampleArray(400, 0));
 }
 
-void tst_player_settings::theVolumeIsFullAtFirst() { QCOMPARE(Stage().player.GetVolume(), 65535); }
+void tst_player_settings::theVolumeIsFullAtFirst()
+{
+    QCOMPARE(Stage().player.GetVolume(), 65535);
+}
 
 void tst_player_settings::theTimerTellsTheLevels()
 {

@@ -18,7 +18,10 @@ private:
     SoundFolder files_;
 };
 
-void tst_read_avi_faults::initTestCase() { files_.put("a.wav", plainWav(music(4 * 44100 + 3, 2), 2)); }
+void tst_read_avi_faults::initTestCase()
+{
+    files_.put("a.wav", plainWav(music(4 * 44100 + 3, 2), 2));
+}
 
 void tst_read_avi_faults::aFileCutOffAnywhereIsReadAsFfmpegReadsIt_data()
 {

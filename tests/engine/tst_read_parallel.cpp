@@ -67,7 +67,10 @@ static void addFiles()
     QTest::addRow("AVI, MP3") << "ffmpeg -v error -y -i a.wav -c:a libmp3lame x.avi";
 }
 
-void tst_read_parallel::batchesGiveTheSoundOfOneDecoder_data() { addFiles(); }
+void tst_read_parallel::batchesGiveTheSoundOfOneDecoder_data()
+{
+    addFiles();
+}
 
 void tst_read_parallel::batchesGiveTheSoundOfOneDecoder()
 {
@@ -80,7 +83,10 @@ void tst_read_parallel::batchesGiveTheSoundOfOneDecoder()
     for (const int threads : {1, 3}) QCOMPARE(firstDifference(inBatches(file, threads, 40), serial), -1);
 }
 
-void tst_read_parallel::damagedFilesGiveTheSoundOfOneDecoder_data() { addFiles(); }
+void tst_read_parallel::damagedFilesGiveTheSoundOfOneDecoder_data()
+{
+    addFiles();
+}
 
 void tst_read_parallel::damagedFilesGiveTheSoundOfOneDecoder()
 {

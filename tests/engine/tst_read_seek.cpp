@@ -19,7 +19,10 @@ private:
     SoundFolder files_;
 };
 
-void tst_read_seek::initTestCase() { files_.put("a.wav", plainWav(music(14 * 44100, 2), 2)); }
+void tst_read_seek::initTestCase()
+{
+    files_.put("a.wav", plainWav(music(14 * 44100, 2), 2));
+}
 
 void tst_read_seek::aPositionSoundsAsInOnePass_data()
 {

@@ -91,7 +91,10 @@ void tst_write_formats::aNewWriterMakesPlainWav()
     QCOMPARE(FileWriter().FormatString(), QString("WAV, 44100 Hz, Stereo, 16 bits"));
 }
 
-void tst_write_formats::theWmaProfilesAreFiftyOne() { QCOMPARE(FileWriter().GetWmaProfileCount(), 51); }
+void tst_write_formats::theWmaProfilesAreFiftyOne()
+{
+    QCOMPARE(FileWriter().GetWmaProfileCount(), 51);
+}
 
 void tst_write_formats::laterChangesOfTheObjectDoNotCount()
 {

@@ -188,7 +188,7 @@ void tst_write_mp3::aPropertyChangesTheOutput_data()
         QTest::addRow("%s", name) << QString(start) << change;
     };
     row("AbrBitrate", "--abr 128", [](LameFormat& f) { f.AbrBitrate = 96; });
-    row("AthControl 1", "-V 4", [](LameFormat& f) { f.AthControl = 1; });
+    row("AthControl 1, which shows in the header frame", "-V 4", [](LameFormat& f) { f.AthControl = 1; });
     row("AthControl 2", "-V 4", [](LameFormat& f) { f.AthControl = 2; });
     row("FormatBitrate", "", [](LameFormat& f) { f.FormatBitrate = 96; });
     row("BitReservoir", "", [](LameFormat& f) { f.BitReservoir = false; });

@@ -8,7 +8,7 @@
 
 #include <QTest>
 
-inline constexpr std::int32_t songLength = 12000; ///< samples
+inline constexpr std::int32_t songLength = 12000;    ///< samples
 inline const std::vector<std::int32_t> songCuts{3000, 7000};
 
 inline const FakeSound& shortSong()
@@ -96,23 +96,32 @@ private:
     }
 };
 
-inline QStringList messages() { return journal().commandsOf("MsgBox"); }
+inline QStringList messages()
+{
+    return journal().commandsOf("MsgBox");
+}
 
-inline QString criticalMessage(std::size_t text) { return "MsgBox Critical [Quillon]: " + langText(text); }
+inline QString criticalMessage(std::size_t text)
+{
+    return "MsgBox Critical [Quillon]: " + langText(text);
+}
 
 /// At the first line that begins with `command`, once: does what a user would do at that moment.
 inline void at(const QString& command, std::function<void()> act)
 {
     journal().onCommand = [command, act](const QString& line) {
         if (!line.startsWith(command)) return;
-        const auto once = act; // the function that runs here is about to go
+        const auto once = act;    // the function that runs here is about to go
         journal().onCommand = nullptr;
         once();
     };
 }
 
 /// The user's click on Cancel. It does nothing where the dialog is disabled or hidden.
-inline void clickCancel() { QTest::mouseClick(&ProgressForm->Command1, Qt::LeftButton); }
+inline void clickCancel()
+{
+    QTest::mouseClick(&ProgressForm->Command1, Qt::LeftButton);
+}
 
 /// What the tags of a part take, for both versions.
 inline QStringList tagLines(const QString& path, const QString& title = {}, const QString& year = "1999")

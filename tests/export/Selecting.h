@@ -56,7 +56,10 @@ inline int optionOf(const CutterSelect& form)
     return -1;
 }
 
-inline QString panel2(CutterSelect& form) { return form.StatusBar1.Panels(2).text(); }
+inline QString panel2(CutterSelect& form)
+{
+    return form.StatusBar1.Panels(2).text();
+}
 
 /// The calls of one selection.
 inline const QStringList mp3Once{"FileWenc.SetFormatMP3Ex"}, pcm{"FileWenc.SetFormatPCM 44100 2 16"},

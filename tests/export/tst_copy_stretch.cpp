@@ -71,7 +71,10 @@ void stretches()
 
 }
 
-void tst_copy_stretch::theCopyIsTheStretch_data() { stretches(); }
+void tst_copy_stretch::theCopyIsTheStretch_data()
+{
+    stretches();
+}
 
 void tst_copy_stretch::theCopyIsTheStretch()
 {
@@ -84,7 +87,10 @@ void tst_copy_stretch::theCopyIsTheStretch()
     QVERIFY(copy.written() == cutOut(sound, start, length));
 }
 
-void tst_copy_stretch::theReadsOfTheLoop_data() { stretches(); }
+void tst_copy_stretch::theReadsOfTheLoop_data()
+{
+    stretches();
+}
 
 void tst_copy_stretch::theReadsOfTheLoop()
 {
@@ -97,7 +103,7 @@ void tst_copy_stretch::theReadsOfTheLoop()
     for (int left = length; left > 0; left -= 100000)
         expected << QString("FileR.ReadArray %1").arg(std::min(left, 100000))
                  << QString("FileRe.WriteArray %1").arg(std::min(left, 100000) * channels);
-    expected << "FileR.ReadArray 0"; // the loop ends with a read of nothing
+    expected << "FileR.ReadArray 0";    // the loop ends with a read of nothing
     QCOMPARE(journal().commands(), expected);
 }
 
@@ -119,7 +125,7 @@ void tst_copy_stretch::thePositionIsToldAfterEachBlock()
 void tst_copy_stretch::thePositionNeverPassesTheLength()
 {
     Copy copy(fakeSound(250000));
-    copy.engine.readChannels = 1; // each array counts for twice its samples
+    copy.engine.readChannels = 1;    // each array counts for twice its samples
     copy.run(250000);
     QCOMPARE(copy.told, (QList<double>{200000, 250000}));
 }
@@ -129,7 +135,7 @@ void tst_copy_stretch::aFractionOfASampleIsKept()
     Copy copy(fakeSound(5, 44100, 1));
     copy.engine.readChannels = 2;
     copy.run(5, 2);
-    QCOMPARE(copy.told, (QList<double>{2.5, 2.5})); // the rest is a read of 2.5, a tie, and finds nothing
+    QCOMPARE(copy.told, (QList<double>{2.5, 2.5}));    // the rest is a read of 2.5, a tie, and finds nothing
     QCOMPARE(journal().commandsOf("FileR"), (QStringList{"FileR.ReadArray 5", "FileRe.WriteArray 5",
                                                          "FileR.ReadArray 2", "FileRe.WriteArray 0"}));
 }

@@ -149,7 +149,10 @@ void tst_export_rules::theKeysAreNumbered1To22()
 
 namespace {
 
-QString word(bool value) { return value ? "True" : "False"; }
+QString word(bool value)
+{
+    return value ? "True" : "False";
+}
 
 using F = const Mp3Format&;
 
@@ -183,7 +186,10 @@ const struct {
     {"22", "False", [](F f) { return word(f.WriteVbrHeader); }},
 };
 
-const Mp3Key& keyRow(const QString& key) { return mp3Keys[key.toInt() - 1]; }
+const Mp3Key& keyRow(const QString& key)
+{
+    return mp3Keys[key.toInt() - 1];
+}
 
 }
 

@@ -63,7 +63,7 @@ void win_encoder_setup::withoutTheLibraryASaveGoesBackToTheStoredMp3()
     press(form.Image8, form.Image8.rect().center());
     QCOMPARE(form.OUTPUTFORMAT, QString("MP3"));
     QCOMPARE(journal().commandsOf("FileWenc").last(), QString("FileWenc.SetFormatMP3Ex"));
-    QCOMPARE(journal().commandsOf("AudioTags"), QStringList()); // the part is a WAV file
+    QCOMPARE(journal().commandsOf("AudioTags"), QStringList());    // the part is a WAV file
 }
 
 void win_encoder_setup::withoutTheLibraryTheOtherFormatsStand()
@@ -234,7 +234,10 @@ void storeFaulty(FormFixture& fixture, const QString& format, const QString& num
 
 }
 
-void win_encoder_setup::aFaultAtTheStartEndsTheProgram_data() { selectionFaults(true); }
+void win_encoder_setup::aFaultAtTheStartEndsTheProgram_data()
+{
+    selectionFaults(true);
+}
 
 void win_encoder_setup::aFaultAtTheStartEndsTheProgram()
 {
@@ -245,7 +248,7 @@ void win_encoder_setup::aFaultAtTheStartEndsTheProgram()
     fixture.writeSetting("OutPutCut", "Format", format);
     storeFaulty(fixture, format, number);
     fixture.engine.failing << call;
-    QVERIFY_EXCEPTION_THROWN(fixture.load(), std::runtime_error); // nothing of the form traps it
+    QVERIFY_EXCEPTION_THROWN(fixture.load(), std::runtime_error);    // nothing of the form traps it
 }
 
 void win_encoder_setup::aRefusedMp3FormatDoesNotEndTheStart()
@@ -257,7 +260,10 @@ void win_encoder_setup::aRefusedMp3FormatDoesNotEndTheStart()
     QVERIFY(fixture.load().Option1[1].isChecked());
 }
 
-void win_encoder_setup::aFaultOfASelectionReachesTheWall_data() { selectionFaults(false); }
+void win_encoder_setup::aFaultOfASelectionReachesTheWall_data()
+{
+    selectionFaults(false);
+}
 
 void win_encoder_setup::aFaultOfASelectionReachesTheWall()
 {
@@ -271,7 +277,7 @@ void win_encoder_setup::aFaultOfASelectionReachesTheWall()
     fixture.engine.failing << call;
     (format == "WAV" ? form.SelecWav : format == "OGG" ? form.selecOgg : form.SelecWma).trigger();
     QCOMPARE(fixture.fatals.size(), 1);
-    QCOMPARE(fixture.setting("OutPutCut", "Format"), format); // it was written before the writer was asked
+    QCOMPARE(fixture.setting("OutPutCut", "Format"), format);    // it was written before the writer was asked
 }
 
 void win_encoder_setup::aRefusedMp3FormatReachesTheWallWhenItIsSelected()

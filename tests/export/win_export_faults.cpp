@@ -73,7 +73,10 @@ struct Faulty : Saving {
     QSet<QString>& failing() { return fixture.engine.failing; }
 };
 
-int times(const QString& command) { return static_cast<int>(journal().commands().count(command)); }
+int times(const QString& command)
+{
+    return static_cast<int>(journal().commands().count(command));
+}
 
 }
 
@@ -93,14 +96,17 @@ void win_export_faults::aFaultBeforeTheDialogEndsASaveSilently()
     saving.save();
     QCOMPARE(journal().commandsOf("(dialog|MsgBox|FileWenc|FileRe)"), QStringList());
     QVERIFY(saving.form.isEnabled() && !ProgressForm.loaded());
-    QCOMPARE(saving.panel1(), QString("a job")); // nothing is restored
+    QCOMPARE(saving.panel1(), QString("a job"));    // nothing is restored
 
     saving.failing().clear();
-    saving.clickSave(); // the answer is still there
+    saving.clickSave();    // the answer is still there
     QVERIFY(saving.written() == saving.stretch(3000, 7000));
 }
 
-void win_export_faults::aFaultOfASaveIsToldAndTheWindowRestored_data() { callsOfASave(); }
+void win_export_faults::aFaultOfASaveIsToldAndTheWindowRestored_data()
+{
+    callsOfASave();
+}
 
 void win_export_faults::aFaultOfASaveIsToldAndTheWindowRestored()
 {
@@ -231,7 +237,10 @@ void win_export_faults::aStoredFormatThatCannotComeBackFailsASaveThatIsWritten()
     QCOMPARE(saving.leftOver(), QString());
 }
 
-void win_export_faults::aFaultOfTheTagsLeavesTheSoundFileComplete_data() { callsOfTheTags(); }
+void win_export_faults::aFaultOfTheTagsLeavesTheSoundFileComplete_data()
+{
+    callsOfTheTags();
+}
 
 void win_export_faults::aFaultOfTheTagsLeavesTheSoundFileComplete()
 {
@@ -262,7 +271,7 @@ void win_export_faults::aFaultBeforeTheFirstPartEndsTheRunSilently()
     saving.saveAll();
     QCOMPARE(journal().commandsOf("(MsgBox|FileWenc|FileRe)"), QStringList());
     QVERIFY(saving.form.isEnabled() && !ProgressForm.loaded());
-    QVERIFY(KeepRunning); // stays as it was
+    QVERIFY(KeepRunning);    // stays as it was
 
     saving.failing().clear();
     saving.saveAll();
@@ -282,7 +291,10 @@ void win_export_faults::aSourceWithoutSamplesFailsTheRun()
     QCOMPARE(saving.panel1(), QString());
 }
 
-void win_export_faults::aFaultOfAPartFailsTheRun_data() { callsOfASave(); }
+void win_export_faults::aFaultOfAPartFailsTheRun_data()
+{
+    callsOfASave();
+}
 
 void win_export_faults::aFaultOfAPartFailsTheRun()
 {
@@ -309,7 +321,7 @@ void win_export_faults::aFaultOfAPartFailsTheRun()
 void win_export_faults::aFailedPartLeavesTheFilesBeforeIt()
 {
     Saving saving("MP3");
-    saving.fixture.engine.failAfter["FileR.Seek"] = 2; // once for the run, once for the first part
+    saving.fixture.engine.failAfter["FileR.Seek"] = 2;    // once for the run, once for the first part
     saving.saveAll();
     QCOMPARE(messages(), QStringList{criticalMessage(85)});
     QVERIFY(saving.written("/out/song-Part 1.mp3") == saving.stretch(0, 3000));
@@ -317,7 +329,10 @@ void win_export_faults::aFailedPartLeavesTheFilesBeforeIt()
     QCOMPARE(saving.leftOver(), QString());
 }
 
-void win_export_faults::aFaultOfTheTagsEndsTheRunWithoutAMessage_data() { callsOfTheTags(); }
+void win_export_faults::aFaultOfTheTagsEndsTheRunWithoutAMessage_data()
+{
+    callsOfTheTags();
+}
 
 void win_export_faults::aFaultOfTheTagsEndsTheRunWithoutAMessage()
 {
@@ -330,7 +345,7 @@ void win_export_faults::aFaultOfTheTagsEndsTheRunWithoutAMessage()
     QCOMPARE(times("FileWenc.Close"), 1);
     QCOMPARE(times("FileRe.Close"), 0);
     QVERIFY(saving.form.isEnabled() && !ProgressForm.loaded());
-    QCOMPARE(saving.panel1(), QString("a job")); // no part of the cleaning
+    QCOMPARE(saving.panel1(), QString("a job"));    // no part of the cleaning
 
     saving.failing().clear();
     saving.saveAll();

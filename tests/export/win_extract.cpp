@@ -141,7 +141,7 @@ void win_extract::theProgressFollowsThePosition()
         bars << static_cast<int>(ProgressForm->ProgressBar1() * 10);
     };
     video.extract();
-    const QString name = langText(82) + " : "; // 8000 of 32100 samples are 24.92 %
+    const QString name = langText(82) + " : ";    // 8000 of 32100 samples are 24.92 %
     QCOMPARE(told, (QStringList{name + "0 %", name + "25 %", name + "50 %", name + "75 %", name + "100 %",
                                 name + "100 %"}));
     QCOMPARE(bars, (QList<int>{0, 249, 498, 747, 996, 1000}));
@@ -180,7 +180,8 @@ void win_extract::noFormatIsSetButTheSelectedOne()
 {
     Video video("OGG");
     video.extract();
-    QCOMPARE(journal().commandsOf("FileWenc.SetFormat"), QStringList{"FileWenc.SetFormatOggVorbis 44100 2 128 0 0 400"});
+    QCOMPARE(journal().commandsOf("FileWenc.SetFormat"),
+             QStringList{"FileWenc.SetFormatOggVorbis 44100 2 128 0 0 400"});
 }
 
 void win_extract::theFirstDialogAsksForAVideo()

@@ -100,7 +100,10 @@ void win_output_format::onlyTheWordTrueSwitchesWmaOn()
     QCOMPARE(start.fixture.setting("WMA", "WMASUPPORT"), word);
 }
 
-void win_output_format::aStoredSelectionComesBack_data() { formats(mp3Once); }
+void win_output_format::aStoredSelectionComesBack_data()
+{
+    formats(mp3Once);
+}
 
 void win_output_format::aStoredSelectionComesBack()
 {
@@ -145,7 +148,10 @@ void win_output_format::anUnknownFormatConfiguresNothing()
     QCOMPARE(markOf(form), QString());
 }
 
-void win_output_format::aClickOnAButtonSelects_data() { formats(mp3Once + mp3Once); }
+void win_output_format::aClickOnAButtonSelects_data()
+{
+    formats(mp3Once + mp3Once);
+}
 
 void win_output_format::aClickOnAButtonSelects()
 {
@@ -166,7 +172,10 @@ void win_output_format::aClickOnAButtonSelects()
     QCOMPARE(panel2(form), langText(71) + line);
 }
 
-void win_output_format::aMenuEntrySelects_data() { formats(mp3Once + mp3Once); }
+void win_output_format::aMenuEntrySelects_data()
+{
+    formats(mp3Once + mp3Once);
+}
 
 void win_output_format::aMenuEntrySelects()
 {
@@ -183,7 +192,7 @@ void win_output_format::aMenuEntrySelects()
     QCOMPARE(start.fixture.setting("OutPutCut", "Format"), format);
     QCOMPARE(optionOf(form), option);
     QCOMPARE(markOf(form), mark);
-    QCOMPARE(journal().commands(), calls + calls); // setting the button on runs the handler as well
+    QCOMPARE(journal().commands(), calls + calls);    // setting the button on runs the handler as well
     QCOMPARE(panel2(form), langText(71) + line);
 }
 
@@ -233,7 +242,10 @@ void dialogs()
 
 }
 
-void win_output_format::aPictureOpensTheSettingsOfItsFormat_data() { dialogs(); }
+void win_output_format::aPictureOpensTheSettingsOfItsFormat_data()
+{
+    dialogs();
+}
 
 void win_output_format::aPictureOpensTheSettingsOfItsFormat()
 {
@@ -279,7 +291,10 @@ void win_output_format::theKeyIsWrittenAgainAfterTheDialog()
     QCOMPARE(start.fixture.setting("OutPutCut", "Format"), QString("OGG"));
 }
 
-void win_output_format::theConfigurationEntryOpensTheSelectedFormat_data() { dialogs(); }
+void win_output_format::theConfigurationEntryOpensTheSelectedFormat_data()
+{
+    dialogs();
+}
 
 void win_output_format::theConfigurationEntryOpensTheSelectedFormat()
 {

@@ -232,7 +232,7 @@ void win_save_all::theWriterIsSetUpForEachPart()
 void win_save_all::theSelectedFormatIsNotBroughtBack()
 {
     Saving saving("WAV", {3000});
-    saving.form.OUTPUTFORMAT = "OGG"; // as after a hand edit of the settings: the key says WAV
+    saving.form.OUTPUTFORMAT = "OGG";    // as after a hand edit of the settings: the key says WAV
     saving.saveAll();
     QCOMPARE(saving.form.OUTPUTFORMAT, QString("OGG"));
     QCOMPARE(journal().commandsOf("FileWenc.SetFormatPCM"), QStringList());

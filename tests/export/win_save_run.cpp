@@ -73,7 +73,7 @@ void win_save_run::aStretchThatNoPartBeginsWithIsNumberedBehindTheTable()
 {
     Saving saving("WAV");
     saving.form.SaveRange("WAV", 4321, 10);
-    QCOMPARE(static_cast<int>(PartTable.size()), 4); // the parts, and the empty record behind them
+    QCOMPARE(static_cast<int>(PartTable.size()), 4);    // the parts, and the empty record behind them
     QCOMPARE(saving.fixture.dialogs.lastName, QString("song-Part 5.wav"));
 }
 
@@ -136,7 +136,7 @@ void win_save_run::whereCancelRaisesNothingTheSaveGoesOnUnderTheProposal()
     fixture.writeSetting("OutPutCut", "Format", "WAV");
     CutterSelect& form = fixture.load();
     fixture.engine.disk["/tmp/Recorded File.wav"] = shortSong();
-    form.OuvreRecordedAudio("/tmp/Recorded File.wav"); // no file dialog has been up yet
+    form.OuvreRecordedAudio("/tmp/Recorded File.wav");    // no file dialog has been up yet
     fixture.cutAt(3000);
     fixture.pressBarOfRow(2);
     press(form.Image8, form.Image8.rect().center());
@@ -164,7 +164,7 @@ void win_save_run::theRealDialogAsksNoQuestionEither()
     setDialogHost(nullptr);
     DialogDriver driver;
     driver.expectFile(path);
-    driver.expectMessage("Yes"); // for the question that must not come
+    driver.expectMessage("Yes");    // for the question that must not come
     saving.clickSave();
     setDialogHost(&saving.fixture.dialogs);
     QVERIFY(driver.messages.isEmpty());
@@ -264,7 +264,10 @@ void waysToCancel()
 
 }
 
-void win_save_run::cancelLeavesTheBlocksSoFarAndTheirTags_data() { waysToCancel(); }
+void win_save_run::cancelLeavesTheBlocksSoFarAndTheirTags_data()
+{
+    waysToCancel();
+}
 
 void win_save_run::cancelLeavesTheBlocksSoFarAndTheirTags()
 {

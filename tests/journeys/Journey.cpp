@@ -57,7 +57,8 @@ void Journey::cutAt(std::int32_t sample)
 void Journey::selectRow(int row)
 {
     const auto* item = form_->ListView1.topLevelItem(row - 1);
-    QTest::mouseClick(form_->ListView1.viewport(), Qt::LeftButton, {}, form_->ListView1.visualItemRect(item).center());
+    QTest::mouseClick(form_->ListView1.viewport(), Qt::LeftButton, {},
+                      form_->ListView1.visualItemRect(item).center());
 }
 
 void Journey::title(int row, const QString& text)
@@ -98,7 +99,8 @@ SampleArray music(std::int32_t length)
     for (std::int32_t k = 0; k < length; ++k) {
         noise = noise * 1664525u + 1013904223u;
         const double hiss = (static_cast<double>(noise >> 16) / 65536 - 0.5) * 1500;
-        samples.push_back(static_cast<std::int16_t>(9000 * std::sin(k * 0.0313) + 5000 * std::sin(k * 0.142) + hiss));
+        samples.push_back(
+            static_cast<std::int16_t>(9000 * std::sin(k * 0.0313) + 5000 * std::sin(k * 0.142) + hiss));
         samples.push_back(static_cast<std::int16_t>(9000 * std::sin(k * 0.0417) - hiss));
     }
     return samples;
@@ -135,7 +137,8 @@ SampleArray readWav(const QString& path)
         std::uint32_t size = 0;
         std::memcpy(&size, all.constData() + at + 4, 4);
         if (all.mid(at, 4) == "data") {
-            SampleArray samples(std::min<std::size_t>(size, static_cast<std::size_t>(all.size() - at - 8)) / 2);
+            SampleArray samples(std::min<std::size_t>(size, static_cast<std::size_t>(all.size() - at - 8)) /
+                                2);
             std::memcpy(samples.data(), all.constData() + at + 8, samples.size() * 2);
             return samples;
         }
@@ -149,15 +152,17 @@ QByteArray runProgram(const QString& program, const QStringList& arguments)
     QProcess process;
     process.start(program, arguments);
     if (!process.waitForFinished(120000) || process.exitCode() != 0)
-        QTest::qFail(qPrintable(program + QStringLiteral(" failed: ") + QString::fromLocal8Bit(process.readAllStandardError())),
+        QTest::qFail(qPrintable(program + QStringLiteral(" failed: ") +
+                                QString::fromLocal8Bit(process.readAllStandardError())),
                      __FILE__, __LINE__);
     return process.readAllStandardOutput();
 }
 
 SampleArray decoded(const QString& path)
 {
-    const QByteArray raw = runProgram(QStringLiteral("ffmpeg"), {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"),
-                                                                 path, QStringLiteral("-f"), QStringLiteral("s16le"), QStringLiteral("-")});
+    const QByteArray raw = runProgram(
+        QStringLiteral("ffmpeg"), {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"), path,
+                                   QStringLiteral("-f"), QStringLiteral("s16le"), QStringLiteral("-")});
     SampleArray samples(static_cast<std::size_t>(raw.size()) / 2);
     std::memcpy(samples.data(), raw.constData(), samples.size() * 2);
     return samples;
@@ -165,11 +170,13 @@ SampleArray decoded(const QString& path)
 
 QString probedTag(const QString& path, const QString& tag)
 {
-    const QByteArray printed = runProgram(QStringLiteral("ffprobe"),
-                                          {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
-                                           QStringLiteral("format_tags:stream_tags"), path});
+    const QByteArray printed =
+        runProgram(QStringLiteral("ffprobe"),
+                   {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
+                    QStringLiteral("format_tags:stream_tags"), path});
     for (const QString& line : QString::fromUtf8(printed).split(QLatin1Char('\n')))
-        if (line.section(QLatin1Char('='), 0, 0).compare(QStringLiteral("TAG:") + tag, Qt::CaseInsensitive) == 0)
+        if (line.section(QLatin1Char('='), 0, 0).compare(QStringLiteral("TAG:") + tag, Qt::CaseInsensitive) ==
+            0)
             return line.section(QLatin1Char('='), 1);
     return {};
 }

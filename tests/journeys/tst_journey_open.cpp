@@ -22,13 +22,18 @@ public:
     Sounds()
     {
         writeWav(path("song.wav"), music(threeSeconds));
-        runProgram("lame", {"--quiet", "-b", "128", "--add-id3v2", "--tt", "Évening", "--ta", "Some One", "--tl", "An Album",
-                            "--ty", "1999", "--tc", "a comment", "--tg", "8", path("song.wav"), path("song.mp3")});
-        runProgram("oggenc", {"--quiet", "-q", "4", "-a", "Ogg Artist", "-l", "Ogg Album", path("song.wav"), "-o", path("song.ogg")});
-        runProgram("ffmpeg", {"-v", "error", "-i", path("song.wav"), "-c:a", "wmav2", "-b:a", "128k", path("song.wma")});
-        runProgram("ffmpeg", {"-v", "error", "-f", "lavfi", "-i", "testsrc2=size=64x48:rate=5", "-i", path("song.wav"), "-t", "3",
-                              "-c:v", "mpeg4", "-c:a", "pcm_s16le", path("song.avi")});
-        runProgram("ffmpeg", {"-v", "error", "-f", "lavfi", "-i", "testsrc2=size=64x48:rate=5", "-t", "1", "-c:v", "mpeg4", path("silent.avi")});
+        runProgram("lame", {"--quiet", "-b", "128", "--add-id3v2", "--tt", "Évening", "--ta", "Some One",
+                            "--tl", "An Album", "--ty", "1999", "--tc", "a comment", "--tg", "8",
+                            path("song.wav"), path("song.mp3")});
+        runProgram("oggenc", {"--quiet", "-q", "4", "-a", "Ogg Artist", "-l", "Ogg Album", path("song.wav"),
+                              "-o", path("song.ogg")});
+        runProgram("ffmpeg", {"-v", "error", "-i", path("song.wav"), "-c:a", "wmav2", "-b:a", "128k",
+                              path("song.wma")});
+        runProgram("ffmpeg",
+                   {"-v", "error", "-f", "lavfi", "-i", "testsrc2=size=64x48:rate=5", "-i", path("song.wav"),
+                    "-t", "3", "-c:v", "mpeg4", "-c:a", "pcm_s16le", path("song.avi")});
+        runProgram("ffmpeg", {"-v", "error", "-f", "lavfi", "-i", "testsrc2=size=64x48:rate=5", "-t", "1",
+                              "-c:v", "mpeg4", path("silent.avi")});
         writeWav(path("short.wav"), music(4000));
         writeWav(path("empty.wav"), {});
         QFile text(path("text.mp3"));
@@ -77,11 +82,16 @@ void tst_journey_open::everyKindOfFileOpensWithItsNameLengthAndFormat_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("format");
     QTest::addColumn<int>("tolerance");    // samples
-    QTest::addRow("WAV") << "song.wav" << "WAV" << 0;
-    QTest::addRow("MP3") << "song.mp3" << "MP3" << 0;
-    QTest::addRow("Ogg Vorbis") << "song.ogg" << "Ogg Vorbis" << 0;
-    QTest::addRow("WMA, to two codec frames") << "song.wma" << "WMA" << 2 * 2048;
-    QTest::addRow("AVI") << "song.avi" << "AVI" << 0;
+    QTest::addRow("WAV") << "song.wav"
+                         << "WAV" << 0;
+    QTest::addRow("MP3") << "song.mp3"
+                         << "MP3" << 0;
+    QTest::addRow("Ogg Vorbis") << "song.ogg"
+                                << "Ogg Vorbis" << 0;
+    QTest::addRow("WMA, to two codec frames") << "song.wma"
+                                              << "WMA" << 2 * 2048;
+    QTest::addRow("AVI") << "song.avi"
+                         << "AVI" << 0;
 }
 
 void tst_journey_open::everyKindOfFileOpensWithItsNameLengthAndFormat()
@@ -96,7 +106,8 @@ void tst_journey_open::everyKindOfFileOpensWithItsNameLengthAndFormat()
     QVERIFY2(journey.form().Label4.text().startsWith(format), qPrintable(journey.form().Label4.text()));
     QVERIFY(journey.form().Label4.text().contains("44100 Hz"));
     QVERIFY2(std::abs(TotalSamples - threeSeconds) <= tolerance, qPrintable(QString::number(TotalSamples)));
-    QVERIFY(journey.form().Label3.text().startsWith("Duration : 00:03.") || journey.form().Label3.text().startsWith("Duration : 00:02.9"));
+    QVERIFY(journey.form().Label3.text().startsWith("Duration : 00:03.") ||
+            journey.form().Label3.text().startsWith("Duration : 00:02.9"));
     QVERIFY(journey.form().FileLoaded && !journey.form().Scanning && journey.form().isEnabled());
     QVERIFY(journey.form().Peaks.size() > 7000);
 }
@@ -208,7 +219,8 @@ void tst_journey_open::cancelInTheScanLeavesWhatWasReadAsTheDocument()
     // The button is pressed from the loop that the scan gives way to.
     QTimer press;
     QObject::connect(&press, &QTimer::timeout, &press, [&] {
-        if (ProgressForm.visible() && journey.form().Scanning && !journey.form().isEnabled()) ProgressForm->Command1.click();
+        if (ProgressForm.visible() && journey.form().Scanning && !journey.form().isEnabled())
+            ProgressForm->Command1.click();
     });
     press.start(0);
     journey.form().OpenAudioFile.trigger();

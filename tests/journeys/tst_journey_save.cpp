@@ -101,7 +101,8 @@ void tst_journey_save::filesAreNamedByTheirTitlesOrTheirNumbers()
     journey.form().SelecWav.trigger();
     const QString out = journey.folder(QStringLiteral("out"));
     journey.saveAll(out);
-    QCOMPARE(QDir(out).entryList(QDir::Files, QDir::Name), (QStringList{"Intro.WAV", "song-Part 2.wav", "song-Part 3.wav"}));
+    QCOMPARE(QDir(out).entryList(QDir::Files, QDir::Name),
+             (QStringList{"Intro.WAV", "song-Part 2.wav", "song-Part 3.wav"}));
 }
 
 static void checkTags(const QString& file, const QString& title)
@@ -110,11 +111,14 @@ static void checkTags(const QString& file, const QString& title)
     QCOMPARE(probedTag(file, QStringLiteral("artist")), QStringLiteral("The Artist"));
     QCOMPARE(probedTag(file, QStringLiteral("album")), QStringLiteral("The Album"));
     QCOMPARE(probedTag(file, QStringLiteral("genre")), QStringLiteral("Jazz"));
-    const QString comment = probedTag(file, QStringLiteral("comment")) + probedTag(file, QStringLiteral("description"));
+    const QString comment =
+        probedTag(file, QStringLiteral("comment")) + probedTag(file, QStringLiteral("description"));
     QVERIFY2(comment.contains(QStringLiteral("a comment of 29 characters ok")), qPrintable(comment));
-    const QString year = probedTag(file, QStringLiteral("date")) + probedTag(file, QStringLiteral("year")) + probedTag(file, QStringLiteral("WM/Year"));
+    const QString year = probedTag(file, QStringLiteral("date")) + probedTag(file, QStringLiteral("year")) +
+                         probedTag(file, QStringLiteral("WM/Year"));
     QVERIFY2(year.contains(QStringLiteral("2024")), qPrintable(year));
-    const QString encoder = probedTag(file, QStringLiteral("encoded_by")) + probedTag(file, QStringLiteral("encodedby")) +
+    const QString encoder =
+        probedTag(file, QStringLiteral("encoded_by")) + probedTag(file, QStringLiteral("encodedby")) +
         probedTag(file, QStringLiteral("encoded-by")) + probedTag(file, QStringLiteral("WM/EncodedBy"));
     QVERIFY2(encoder.contains(QStringLiteral("Quillon - Meridel")), qPrintable(encoder));
 }
@@ -129,8 +133,10 @@ void tst_journey_save::allPartsAsMp3HaveTheirExactLengthAndTheTags()
     journey.saveAll(out);
     checkTags(out + QStringLiteral("/Middle.MP3"), QStringLiteral("Middle"));
     checkTags(out + QStringLiteral("/song-Part 3.mp3"), QString());
-    QCOMPARE(decoded(out + QStringLiteral("/song-Part 1.mp3")).size(), static_cast<std::size_t>(lengthOfPart(1)) * 2);
-    QCOMPARE(decoded(out + QStringLiteral("/Middle.MP3")).size(), static_cast<std::size_t>(lengthOfPart(2)) * 2);
+    QCOMPARE(decoded(out + QStringLiteral("/song-Part 1.mp3")).size(),
+             static_cast<std::size_t>(lengthOfPart(1)) * 2);
+    QCOMPARE(decoded(out + QStringLiteral("/Middle.MP3")).size(),
+             static_cast<std::size_t>(lengthOfPart(2)) * 2);
 }
 
 void tst_journey_save::allPartsAsOggHaveTheirExactLengthAndTheTags()
@@ -143,8 +149,10 @@ void tst_journey_save::allPartsAsOggHaveTheirExactLengthAndTheTags()
     const QString out = journey.folder(QStringLiteral("out"));
     journey.saveAll(out);
     checkTags(out + QStringLiteral("/Middle.OGG"), QStringLiteral("Middle"));
-    QCOMPARE(decoded(out + QStringLiteral("/Middle.OGG")).size(), static_cast<std::size_t>(lengthOfPart(2)) * 2);
-    QCOMPARE(decoded(out + QStringLiteral("/song-Part 3.ogg")).size(), static_cast<std::size_t>(lengthOfPart(3)) * 2);
+    QCOMPARE(decoded(out + QStringLiteral("/Middle.OGG")).size(),
+             static_cast<std::size_t>(lengthOfPart(2)) * 2);
+    QCOMPARE(decoded(out + QStringLiteral("/song-Part 3.ogg")).size(),
+             static_cast<std::size_t>(lengthOfPart(3)) * 2);
 }
 
 void tst_journey_save::allPartsAsWmaHaveTheirLengthAndTheTags()
@@ -159,7 +167,8 @@ void tst_journey_save::allPartsAsWmaHaveTheirLengthAndTheTags()
     journey.saveAll(out);
     checkTags(out + QStringLiteral("/Middle.WMA"), QStringLiteral("Middle"));
     const auto frames = static_cast<std::int32_t>(decoded(out + QStringLiteral("/Middle.WMA")).size() / 2);
-    QVERIFY2(std::abs(frames - lengthOfPart(2)) <= 2 * 2048, qPrintable(QString::number(frames - lengthOfPart(2))));
+    QVERIFY2(std::abs(frames - lengthOfPart(2)) <= 2 * 2048,
+             qPrintable(QString::number(frames - lengthOfPart(2))));
 }
 
 void tst_journey_save::anId3v1TagStandsAtTheEndOfAnMp3()
@@ -220,7 +229,8 @@ void tst_journey_save::aPartOf48kHzIsSavedAsWavOf44100()
     journey.selectRow(1);
     const double expected = lengthOfPart(1) * 44100.0 / 48000;
     journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("slow.wav")));
-    QVERIFY(std::abs(static_cast<double>(readWav(journey.path(QStringLiteral("slow.wav"))).size()) / 2 - expected) <= 1);
+    QVERIFY(std::abs(static_cast<double>(readWav(journey.path(QStringLiteral("slow.wav"))).size()) / 2 -
+                     expected) <= 1);
 }
 
 void tst_journey_save::cancelInASaveLeavesAValidShorterFileWithItsTags()
@@ -239,7 +249,8 @@ void tst_journey_save::cancelInASaveLeavesAValidShorterFileWithItsTags()
     journey.savePart(journey.form().SavePartMP3, journey.path(QStringLiteral("cut.mp3")));
     const SampleArray part = decoded(journey.path(QStringLiteral("cut.mp3")));
     QCOMPARE(part.size(), std::size_t{200000});    // the first block
-    QCOMPARE(probedTag(journey.path(QStringLiteral("cut.mp3")), QStringLiteral("artist")), QStringLiteral("The Artist"));
+    QCOMPARE(probedTag(journey.path(QStringLiteral("cut.mp3")), QStringLiteral("artist")),
+             QStringLiteral("The Artist"));
     QVERIFY(journey.form().isEnabled() && !ProgressForm.visible() && journey.dialogs.messages.size() == 1);
 }
 
@@ -269,7 +280,8 @@ void tst_journey_save::aReadOnlyTargetGetsTheMessageAndTheNextSaveWorks()
     QDir().mkdir(journey.path(QStringLiteral("a folder.wav")));    // can't be replaced, whoever runs this
     journey.dialogs.expect([&](QDialog& dialog) {
         // A folder's name would be entered by the dialog: the path goes in as its answer all the same.
-        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("/proc/nothing.wav"));
+        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QStringLiteral("/proc/nothing.wav"));
         QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
         return true;
     });
@@ -279,7 +291,8 @@ void tst_journey_save::aReadOnlyTargetGetsTheMessageAndTheNextSaveWorks()
     QCOMPARE(journey.dialogs.icons, QStringList{"Critical"});
     QVERIFY(journey.form().isEnabled() && !ProgressForm.visible());
     journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("good.wav")));
-    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(), static_cast<std::size_t>(lengthOfPart(1)) * 2);
+    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(),
+             static_cast<std::size_t>(lengthOfPart(1)) * 2);
 }
 
 void tst_journey_save::aVanishedFolderGetsTheMessageAndTheNextSaveWorks()
@@ -314,7 +327,8 @@ void tst_journey_save::aFullDiskGetsTheMessageAndTheNextSaveWorks()
     QCOMPARE(journey.dialogs.messages, QStringList{langText(85)});
     QVERIFY(QFile::exists(journey.path(QStringLiteral("full.wav"))));    // what was written stays
     journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("good.wav")));
-    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(), static_cast<std::size_t>(lengthOfPart(1)) * 2);
+    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(),
+             static_cast<std::size_t>(lengthOfPart(1)) * 2);
 }
 
 void tst_journey_save::theEarlierPartOfASongCanBeSavedOverTheSongItself()
@@ -325,7 +339,8 @@ void tst_journey_save::theEarlierPartOfASongCanBeSavedOverTheSongItself()
     journey.selectRow(2);
     journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("song.wav")));
     const auto from = source.begin() + CutPoints[1] * 2;
-    QVERIFY(readWav(journey.path(QStringLiteral("song.wav"))) == SampleArray(from, from + lengthOfPart(2) * 2));
+    QVERIFY(readWav(journey.path(QStringLiteral("song.wav"))) ==
+            SampleArray(from, from + lengthOfPart(2) * 2));
 }
 
 QTEST_MAIN(tst_journey_save)

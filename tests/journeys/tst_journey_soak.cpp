@@ -46,6 +46,7 @@ public:
     {
         const QByteArray news = server_.recordedSince(at_);
         const QByteArray whole = news.first(news.size() - news.size() % 4);
+        if (whole.isEmpty()) return;
         at_ += whole.size();
         for (const std::int32_t number : frameNumbers(whole)) take(number);
     }

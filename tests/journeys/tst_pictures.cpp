@@ -1,4 +1,5 @@
-// Every window in every language: its texts stand whole. With QUILLON_PICTURES set to a folder, their pictures go there.
+// Every window in every language: its texts stand whole. With QUILLON_PICTURES set to a folder, their
+// pictures go there.
 #include "journeys/Journey.h"
 
 #include "core/toolkit/FormHolder.h"
@@ -34,7 +35,8 @@ private:
 void tst_pictures::languages()
 {
     QTest::addColumn<QString>("value");
-    for (const char* value : {"English", "French", "Español", "Portugais"}) QTest::addRow("%s", value) << QString::fromUtf8(value);
+    for (const char* value : {"English", "French", "Español", "Portugais"})
+        QTest::addRow("%s", value) << QString::fromUtf8(value);
 }
 
 void tst_pictures::load(Journey& journey)
@@ -58,9 +60,11 @@ void tst_pictures::look(QWidget& window, const QString& name)
     }
     for (const Label* label : window.findChildren<Label*>())
         QVERIFY2(!label->isVisibleTo(&window) || !label->isShortened() || label->smallerPx != 0,
-                 qPrintable(name + QStringLiteral(": ") + label->objectName() + QStringLiteral(" \"") + label->text() + QLatin1Char('"')));
+                 qPrintable(name + QStringLiteral(": ") + label->objectName() + QStringLiteral(" \"") +
+                            label->text() + QLatin1Char('"')));
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
-        QVERIFY2(button->text().isEmpty() || button->fontMetrics().horizontalAdvance(button->text()) <= button->width() ||
+        QVERIFY2(button->text().isEmpty() ||
+                     button->fontMetrics().horizontalAdvance(button->text()) <= button->width() ||
                      qobject_cast<const QToolButton*>(button),
                  qPrintable(name + QStringLiteral(": ") + button->text()));
 }
@@ -70,7 +74,8 @@ void tst_pictures::theMainWindowShowsItsTextsWhole()
     QFETCH(QString, value);
     Journey journey;
     load(journey);
-    journey.form().Label1.elideMode = Qt::ElideNone;    // a long file name is shortened in the middle, and may be
+    journey.form().Label1.elideMode =
+        Qt::ElideNone;    // a long file name is shortened in the middle, and may be
     journey.form().Label1.setText(QStringLiteral("song.wav"));
     look(journey.form(), QStringLiteral("main-") + value);
     QTest::mouseClick(&journey.form().Image22, Qt::LeftButton);
@@ -109,7 +114,8 @@ void tst_pictures::theLastMenuIsInSight()
 {
     Journey journey;
     load(journey);
-    const QRect last = journey.form().CutterSelectControls::menuBar.actionGeometry(journey.form().infos.menuAction());
+    const QRect last =
+        journey.form().CutterSelectControls::menuBar.actionGeometry(journey.form().infos.menuAction());
     QVERIFY(!last.isEmpty());
     QVERIFY(journey.form().CutterSelectControls::menuBar.rect().contains(last));
 }
@@ -119,8 +125,10 @@ void tst_pictures::everyButtonOfTheToolBarIsInSight()
     Journey journey;
     journey.start();
     for (const int index : {1, 2, 4, 5, 6, 8, 10, 11, 12, 14, 15, 17, 18}) {
-        const QWidget* button = journey.form().Toolbar1.widgetForAction(&journey.form().Toolbar1.Buttons(index));
-        QVERIFY2(button->isVisible() && journey.form().Toolbar1.rect().contains(button->geometry()), qPrintable(QString::number(index)));
+        const QWidget* button =
+            journey.form().Toolbar1.widgetForAction(&journey.form().Toolbar1.Buttons(index));
+        QVERIFY2(button->isVisible() && journey.form().Toolbar1.rect().contains(button->geometry()),
+                 qPrintable(QString::number(index)));
     }
 }
 

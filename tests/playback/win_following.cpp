@@ -84,7 +84,7 @@ void win_following::thePositionHasThreeDecimalsDuringPlay()
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(tenSeconds));
     pressButton(form.Toolbar1, playButton);
-    fixture.engine.player->rate = 1000; // a sample is a millisecond
+    fixture.engine.player->rate = 1000;    // a sample is a millisecond
     fixture.engine.player->Timer(ms, 0, 0);
     QTEST(form.Label2.text(), "text");
 }
@@ -152,7 +152,7 @@ void win_following::theClockLeavesALineThatIsDragged()
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(tenSeconds));
     pressButton(form.Toolbar1, playButton);
-    pressAt(form.Picture1, {2, 4}); // on the handle
+    pressAt(form.Picture1, {2, 4});    // on the handle
     QVERIFY(form.TimeDrag);
     fixture.engine.player->Timer(3 * testRate, 0, 0);
     QCOMPARE(form.Line2.X1(), 0.0f);

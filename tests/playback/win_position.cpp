@@ -8,7 +8,7 @@
 namespace {
 
 constexpr std::int32_t tenSeconds = 10 * testRate;
-constexpr Twips second = 1042; // of ten over the width of 10420
+constexpr Twips second = 1042;    // of ten over the width of 10420
 constexpr int playButton = 10;
 
 void verifyLineAt(const CutterSelect& form, Twips x)
@@ -67,7 +67,7 @@ void win_position::aStepMovesTheCopyInTheSelectionAndLeavesItsVisibility()
     form.SetPosition(2000);
     fixture.pressBarOfRow(1);
     QVERIFY(form.Line6.Visible());
-    for (int i = 0; i < 5; ++i) form.Fwd1Sec.trigger(); // beyond the part
+    for (int i = 0; i < 5; ++i) form.Fwd1Sec.trigger();    // beyond the part
     QCOMPARE(form.Line6.X1(), form.Line2.X1());
     QVERIFY(form.Line6.Visible());
     form.Line6.setVisible(false);
@@ -126,7 +126,7 @@ void win_position::aStepWritesThePosition()
 {
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(tenSeconds));
-    form.SetPosition(521); // half a second
+    form.SetPosition(521);    // half a second
     form.Fwd1Sec.trigger();
     QCOMPARE(form.Label2.text(), QStringLiteral("00:01.50"));
     form.Rew1Sec.trigger();

@@ -17,7 +17,10 @@ constexpr int playButton = 10;
 constexpr double handleRow = 4;
 constexpr double grip = 4;
 
-double linePx(const CutterSelect& form) { return form.Line2.X1() / 15.0; }
+double linePx(const CutterSelect& form)
+{
+    return form.Line2.X1() / 15.0;
+}
 
 void verifyLineAt(const CutterSelect& form, Twips x)
 {
@@ -71,9 +74,9 @@ void win_time_drag::aDragToTheLeftJumpsByThePlaceOnTheHandle()
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(tenSeconds));
     form.SetPosition(6000);
-    const double x = linePx(form) + grip; // 180 twips from the left edge of the handle
+    const double x = linePx(form) + grip;    // 180 twips from the left edge of the handle
     drag(form.Picture1, {x, handleRow}, {x - 20, handleRow});
-    verifyLineAt(form, 5880); // 300 to the left of there is 120 left of the edge, and that is added
+    verifyLineAt(form, 5880);    // 300 to the left of there is 120 left of the edge, and that is added
 }
 
 void win_time_drag::aDragPastTheRightEndLeavesTheCentreOnIt()

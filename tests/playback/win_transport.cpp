@@ -80,7 +80,7 @@ void win_transport::theWholeFileIsFedToItsEnd()
     playToTheEnd(fixture);
     QVERIFY(fixture.engine.player->heard == stretch(0, tenSeconds));
     QCOMPARE(journal().commandsOf(QStringLiteral("AudioPlayer.PlayArray")).size(), 3);
-    QVERIFY(form.IsPlaying); // the player's own event ends it
+    QVERIFY(form.IsPlaying);    // the player's own event ends it
 }
 
 void win_transport::aPartIsPrimedWithTwoBlocks()

@@ -18,7 +18,10 @@ CutterSelect& withAPart(FormFixture& fixture)
     return form;
 }
 
-QStringList messages() { return journal().commandsOf(QStringLiteral("MsgBox")); }
+QStringList messages()
+{
+    return journal().commandsOf(QStringLiteral("MsgBox"));
+}
 
 }
 
@@ -62,7 +65,10 @@ void win_transport_faults::aFaultInPlayingTheFileIsTold()
     QVERIFY(fixture.fatals.isEmpty());
 }
 
-void win_transport_faults::aFaultInPlayingAPartIsTold_data() { aFaultInPlayingTheFileIsTold_data(); }
+void win_transport_faults::aFaultInPlayingAPartIsTold_data()
+{
+    aFaultInPlayingTheFileIsTold_data();
+}
 
 void win_transport_faults::aFaultInPlayingAPartIsTold()
 {

@@ -12,7 +12,10 @@ namespace {
 constexpr Twips trackWidth = 1305, knobWidth = 210, farEnd = trackWidth - knobWidth;
 constexpr double row = 10;
 
-QStringList volumes() { return journal().commandsOf(QStringLiteral("AudioPlayer.SetVolume")); }
+QStringList volumes()
+{
+    return journal().commandsOf(QStringLiteral("AudioPlayer.SetVolume"));
+}
 
 QStringList volumeAt(Twips left)
 {
@@ -29,7 +32,10 @@ CutterSelect& loaded(FormFixture& fixture)
 }
 
 // The middle of the knob, in pixels of the track.
-QPointF knob(const CutterSelect& form) { return {(form.Image14.Left() + knobWidth / 2) / 15.0, row}; }
+QPointF knob(const CutterSelect& form)
+{
+    return {(form.Image14.Left() + knobWidth / 2) / 15.0, row};
+}
 
 }
 
@@ -94,7 +100,7 @@ void win_volume::theLeftEndIsVolumeZero()
     auto& form = loaded(fixture);
     press(form.Picture5, {0, 10});
     QCOMPARE(form.Image14.Left(), 0.0f);
-    press(form.Picture5, {7, 10}); // on the knob now
+    press(form.Picture5, {7, 10});    // on the knob now
     QCOMPARE(volumes(), (QStringList{"AudioPlayer.SetVolume 0"}));
 }
 

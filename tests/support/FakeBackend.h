@@ -9,12 +9,12 @@
 
 class FakeBackend : public PcmBackend {
 public:
-    bool ok = true;                 ///< false: no stream can be started
-    std::size_t aheadFrames = 4410; ///< how far a stream pulls ahead of what is heard
+    bool ok = true;                    ///< false: no stream can be started
+    std::size_t aheadFrames = 4410;    ///< how far a stream pulls ahead of what is heard
     std::vector<PcmDevice> devices{{"speaker", "Loudspeaker"}, {"phones", "Headphones"}};
-    std::vector<std::string> started; ///< the device of every stream started
-    SampleArray sound;                ///< all that was heard, interleaved, with the silence between
-    std::size_t silentFrames = 0;     ///< frames for which a running stream had nothing
+    std::vector<std::string> started;    ///< the device of every stream started
+    SampleArray sound;                   ///< all that was heard, interleaved, with the silence between
+    std::size_t silentFrames = 0;        ///< frames for which a running stream had nothing
 
     /// Lets this many frames of time pass.
     void advance(std::size_t frames)
@@ -22,7 +22,7 @@ public:
         if (stream_) stream_->advance(frames);
     }
 
-    bool playing() const { return stream_; } ///< whether a stream is open
+    bool playing() const { return stream_; }    ///< whether a stream is open
 
     /// The server goes away under the stream.
     void die() { stream_->dead_ = true; }
@@ -97,7 +97,7 @@ private:
         FakeBackend& owner_;
         PcmPull pull_;
         std::size_t channels_ = 2;
-        std::deque<std::int16_t> waiting_; // pulled, not yet heard
+        std::deque<std::int16_t> waiting_;    // pulled, not yet heard
         std::int64_t heard_ = 0;
         bool ranDry_ = false;
         bool dead_ = false;

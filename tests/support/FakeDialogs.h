@@ -11,15 +11,17 @@ public:
     FakeDialogs() { setDialogHost(this); }
     ~FakeDialogs() override { setDialogHost(nullptr); }
 
-    std::deque<std::optional<QString>> files;    ///< answers of file dialogs and folder choosers; none: Cancel
-    std::deque<Answer> answers;                  ///< answers of message boxes; none: OK or No
-    QString lastTitle, lastName;                 ///< of the last file dialog
+    std::deque<std::optional<QString>>
+        files;                      ///< answers of file dialogs and folder choosers; none: Cancel
+    std::deque<Answer> answers;     ///< answers of message boxes; none: OK or No
+    QString lastTitle, lastName;    ///< of the last file dialog
     FileFilter lastFilter;
 
     Answer message(const QString& text, Icon icon, Buttons buttons, const QString& title) override
     {
         static const char* const icons[] = {"Information", "Exclamation", "Critical", "Question"};
-        journal().command(QStringLiteral("MsgBox %1 [%2]: %3").arg(QLatin1String(icons[static_cast<int>(icon)]), title, text));
+        journal().command(QStringLiteral("MsgBox %1 [%2]: %3")
+                              .arg(QLatin1String(icons[static_cast<int>(icon)]), title, text));
         if (answers.empty()) return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
         const Answer answer = answers.front();
         answers.pop_front();
@@ -29,14 +31,16 @@ public:
     {
         return ask("open", title, filter, {});
     }
-    std::optional<QString> saveFile(const QString& title, const FileFilter& filter, const QString& name) override
+    std::optional<QString> saveFile(const QString& title, const FileFilter& filter,
+                                    const QString& name) override
     {
         return ask("save", title, filter, name);
     }
     std::optional<QString> folder(const QString& title) override { return ask("folder", title, {}, {}); }
 
 private:
-    std::optional<QString> ask(const char* kind, const QString& title, const FileFilter& filter, const QString& name)
+    std::optional<QString> ask(const char* kind, const QString& title, const FileFilter& filter,
+                               const QString& name)
     {
         journal().command(QStringLiteral("dialog ") + QLatin1String(kind));
         lastTitle = title;

@@ -26,7 +26,8 @@ void FakeEngine::call(const QString& name, const QString& arguments)
 {
     journal().command(arguments.isEmpty() ? name : name + QLatin1Char(' ') + arguments);
     if (failing.contains(name)) throw EngineError(name + QStringLiteral(" fails"));
-    if (failAfter.contains(name) && failAfter[name]-- <= 0) throw EngineError(name + QStringLiteral(" fails"));
+    if (failAfter.contains(name) && failAfter[name]-- <= 0)
+        throw EngineError(name + QStringLiteral(" fails"));
 }
 
 namespace {
@@ -42,7 +43,10 @@ class FakeFile : public AudioFile {
 public:
     FakeFile(FakeEngine& engine, const QString& name) : engine_(engine), name_(name) {}
 
-    void SetWmaEnabled(bool on) override { call("SetWmaEnabled", on ? QStringLiteral("True") : QStringLiteral("False")); }
+    void SetWmaEnabled(bool on) override
+    {
+        call("SetWmaEnabled", on ? QStringLiteral("True") : QStringLiteral("False"));
+    }
     void Open(const QString& path) override;
     bool IsClosed() const override
     {
@@ -55,24 +59,33 @@ public:
     std::int32_t GetChannels() const override { return query("GetChannels", sound_.channels); }
     std::int32_t GetReadChannels() const override
     {
-        return query("GetReadChannels", engine_.readChannels > 0 ? engine_.readChannels : std::max(1, sound_.channels));
+        return query("GetReadChannels",
+                     engine_.readChannels > 0 ? engine_.readChannels : std::max(1, sound_.channels));
     }
     std::int32_t GetDurationMs() const override { return 0; }
     SampleArray ReadArray(std::int32_t count) override;
     std::int32_t Seek(std::int32_t position) override;
     void SetFormatPCM(std::int32_t r, std::int32_t c, std::int32_t b) override;
     void SetFormatMP3Ex(const Mp3Format&) override { setFormat("SetFormatMP3Ex", {}, QStringLiteral("MP3")); }
-    void SetFormatMP3Simple(std::int32_t r, std::int32_t b, std::int32_t c) override { setFormat("SetFormatMP3Simple", list({r, b, c}), QStringLiteral("MP3")); }
-    bool IsFormatOggVorbisAvailable(std::int32_t r, std::int32_t c, std::int32_t b, std::int32_t lo, std::int32_t hi) const override
+    void SetFormatMP3Simple(std::int32_t r, std::int32_t b, std::int32_t c) override
+    {
+        setFormat("SetFormatMP3Simple", list({r, b, c}), QStringLiteral("MP3"));
+    }
+    bool IsFormatOggVorbisAvailable(std::int32_t r, std::int32_t c, std::int32_t b, std::int32_t lo,
+                                    std::int32_t hi) const override
     {
         engine_.call(name_ + QStringLiteral(".IsFormatOggVorbisAvailable"), list({r, c, b, lo, hi}));
         return engine_.oggAccepts;
     }
-    void SetFormatOggVorbis(std::int32_t r, std::int32_t c, std::int32_t b, std::int32_t lo, std::int32_t hi, std::int32_t q) override
+    void SetFormatOggVorbis(std::int32_t r, std::int32_t c, std::int32_t b, std::int32_t lo, std::int32_t hi,
+                            std::int32_t q) override
     {
         setFormat("SetFormatOggVorbis", list({r, c, b, lo, hi, q}), QStringLiteral("Ogg Vorbis"));
     }
-    void SetFormatWMA(std::int32_t n) override { setFormat("SetFormatWMA", QString::number(n), QStringLiteral("WMA %1").arg(n)); }
+    void SetFormatWMA(std::int32_t n) override
+    {
+        setFormat("SetFormatWMA", QString::number(n), QStringLiteral("WMA %1").arg(n));
+    }
     std::int32_t GetWmaProfileCount() const override { return 51; }
     void SetInputFormat(std::int32_t r, std::int32_t c) override;
     void Create(const QString& path) override;
@@ -85,15 +98,18 @@ public:
     void Close() override;
 
 private:
-    void call(const char* what, const QString& arguments = {}) const { engine_.call(name_ + QLatin1Char('.') + QLatin1String(what), arguments); }
+    void call(const char* what, const QString& arguments = {}) const
+    {
+        engine_.call(name_ + QLatin1Char('.') + QLatin1String(what), arguments);
+    }
     std::int32_t query(const char* what, std::int32_t value) const;
     void refuse(const char* what) const;    // throws where the question is to fail
     void setFormat(const char* what, const QString& arguments, const QString& text);
 
     FakeEngine& engine_;
     QString name_, path_, format_ = QStringLiteral("none");
-    FakeSound sound_;    // being read
-    FakeSound target_;   // being written
+    FakeSound sound_;     // being read
+    FakeSound target_;    // being written
     std::size_t at_ = 0;
     bool reading_ = false, writing_ = false;
 };
@@ -114,7 +130,8 @@ void FakeFile::refuse(const char* what) const
 std::int32_t FakeFile::GetTotalSamples() const
 {
     if (!reading_) return query("GetTotalSamples", 0);
-    const auto own = static_cast<std::int32_t>(sound_.samples.size() / static_cast<std::size_t>(sound_.channels));
+    const auto own =
+        static_cast<std::int32_t>(sound_.samples.size() / static_cast<std::size_t>(sound_.channels));
     return query("GetTotalSamples", sound_.claimedTotal >= 0 ? sound_.claimedTotal : own);
 }
 
@@ -132,7 +149,8 @@ SampleArray FakeFile::ReadArray(std::int32_t count)
 {
     call("ReadArray", QString::number(count));
     if (!reading_) throw EngineError(QStringLiteral("not open"));
-    const auto wanted = static_cast<std::size_t>(std::max(0, count)) * static_cast<std::size_t>(sound_.channels);
+    const auto wanted =
+        static_cast<std::size_t>(std::max(0, count)) * static_cast<std::size_t>(sound_.channels);
     const std::size_t n = std::min(wanted, sound_.samples.size() - std::min(at_, sound_.samples.size()));
     const auto from = sound_.samples.begin() + static_cast<std::ptrdiff_t>(at_);
     SampleArray block(from, from + static_cast<std::ptrdiff_t>(n));
@@ -143,7 +161,9 @@ SampleArray FakeFile::ReadArray(std::int32_t count)
 std::int32_t FakeFile::Seek(std::int32_t position)
 {
     call("Seek", QString::number(position));
-    at_ = std::min(static_cast<std::size_t>(std::max(0, position)) * static_cast<std::size_t>(sound_.channels), sound_.samples.size());
+    at_ =
+        std::min(static_cast<std::size_t>(std::max(0, position)) * static_cast<std::size_t>(sound_.channels),
+                 sound_.samples.size());
     return position;
 }
 
@@ -218,7 +238,10 @@ public:
     void SetEncodedBy(const QString& t) override { set("SetEncodedBy", t); }
 
 private:
-    void set(const char* what, const QString& value) { engine_.call(QStringLiteral("AudioTags.") + QLatin1String(what), value); }
+    void set(const char* what, const QString& value)
+    {
+        engine_.call(QStringLiteral("AudioTags.") + QLatin1String(what), value);
+    }
 
     FakeEngine& engine_;
     FakeSound read_;
@@ -227,9 +250,18 @@ private:
 class FakeMp3Format : public Mp3Format {
 public:
     explicit FakeMp3Format(FakeEngine& engine) : engine_(engine) {}
-    void SetCommandLine(const QString& text) override { engine_.call(QStringLiteral("Mp3Format.SetCommandLine"), text); }
-    void ApplyPreset(std::int16_t n) override { engine_.call(QStringLiteral("Mp3Format.ApplyPreset"), QString::number(n)); }
-    void ApplyAltPreset(std::int16_t n) override { engine_.call(QStringLiteral("Mp3Format.ApplyAltPreset"), QString::number(n)); }
+    void SetCommandLine(const QString& text) override
+    {
+        engine_.call(QStringLiteral("Mp3Format.SetCommandLine"), text);
+    }
+    void ApplyPreset(std::int16_t n) override
+    {
+        engine_.call(QStringLiteral("Mp3Format.ApplyPreset"), QString::number(n));
+    }
+    void ApplyAltPreset(std::int16_t n) override
+    {
+        engine_.call(QStringLiteral("Mp3Format.ApplyAltPreset"), QString::number(n));
+    }
 
 private:
     FakeEngine& engine_;
@@ -240,7 +272,8 @@ private:
 std::unique_ptr<AudioFile> FakeEngine::makeFile()
 {
     static const char* const names[] = {"FileR", "FileRe", "FileWenc"};
-    const QString name = files_ < 3 ? QString::fromLatin1(names[files_]) : QStringLiteral("File%1").arg(files_);
+    const QString name =
+        files_ < 3 ? QString::fromLatin1(names[files_]) : QStringLiteral("File%1").arg(files_);
     ++files_;
     return std::make_unique<FakeFile>(*this, name);
 }

@@ -1,5 +1,5 @@
-// An engine without codecs and devices: files are arrays in memory, every call goes into the journal, any call can be
-// told to fail. Files are named by their holder: FileR, FileRe, FileWenc, in order of creation.
+// An engine without codecs and devices: files are arrays in memory, every call goes into the journal, any
+// call can be told to fail. Files are named by their holder: FileR, FileRe, FileWenc, in order of creation.
 #pragma once
 
 #include "core/AudioEngine.h"
@@ -20,15 +20,17 @@ struct FakeSound {
     std::int32_t genre = -1, year = 0;
 };
 
-/// A sound of `length` samples per channel, whose left sample k is `k % 20000` and whose right one is its negative.
+/// A sound of `length` samples per channel, whose left sample k is `k % 20000` and whose right one is its
+/// negative.
 FakeSound fakeSound(std::int32_t length, std::int32_t rate = 44100, std::int32_t channels = 2);
 
 class FakePlayer;
 
 class FakeEngine : public AudioEngine {
 public:
-    QMap<QString, FakeSound> disk;    ///< files by path; a writer's `Close` puts its file here, and each array before
-    QSet<QString> failing;            ///< calls that throw, such as "FileWenc.WriteArray" or "AudioTags.WriteTo"
+    QMap<QString, FakeSound>
+        disk;                 ///< files by path; a writer's `Close` puts its file here, and each array before
+    QSet<QString> failing;    ///< calls that throw, such as "FileWenc.WriteArray" or "AudioTags.WriteTo"
     QMap<QString, int> failAfter;     ///< calls that throw after so many successes
     bool deviceFails = false;         ///< the player's `GetFailed`
     FakePlayer* player = nullptr;     ///< the player made last

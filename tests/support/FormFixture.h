@@ -1,4 +1,5 @@
-// A main form for one test: its own settings and folders, the fake engine, the fake dialogs, all shared state fresh.
+// A main form for one test: its own settings and folders, the fake engine, the fake dialogs, all shared state
+// fresh.
 #pragma once
 
 #include "core/CutterSelect.h"
@@ -18,7 +19,8 @@ public:
 
     /// Makes, loads and shows the form. Before it, a test may write settings and set the engine up.
     CutterSelect& load();
-    /// The same with `sound` open as "/music/song.mp3" and cuts at these samples; the journal is empty afterwards.
+    /// The same with `sound` open as "/music/song.mp3" and cuts at these samples; the journal is empty
+    /// afterwards.
     CutterSelect& open(const FakeSound& sound, std::initializer_list<std::int32_t> cuts = {});
     /// Sets the position line at a sample and cuts there.
     void cutAt(std::int32_t sample);
@@ -35,8 +37,8 @@ public:
     FakeEngine engine;
     FakeDialogs dialogs;
     std::optional<CutterSelect> form;
-    QStringList fatals;         ///< texts of errors that reached the wall
-    QList<int> ended;           ///< statuses with which the process would have ended
+    QStringList fatals;    ///< texts of errors that reached the wall
+    QList<int> ended;      ///< statuses with which the process would have ended
 
 private:
     QTemporaryDir folder_;

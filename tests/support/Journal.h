@@ -20,7 +20,10 @@ public:
     QStringList commands() const { return lines_; }
     QStringList queries() const { return queries_; }
     /// The commands that begin with `prefix`.
-    QStringList commandsOf(const QString& prefix) const { return lines_.filter(QRegularExpression(QLatin1Char('^') + prefix)); }
+    QStringList commandsOf(const QString& prefix) const
+    {
+        return lines_.filter(QRegularExpression(QLatin1Char('^') + prefix));
+    }
     void clear()
     {
         lines_.clear();

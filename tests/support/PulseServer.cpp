@@ -102,7 +102,10 @@ bool PulseServer::start(int rate)
     return server_ != 0 && QTest::qWaitFor([this] { return answers(); }, patienceMs);
 }
 
-bool PulseServer::answers() { return QFile::exists(folder_.filePath("native")) && control({"info"}); }
+bool PulseServer::answers()
+{
+    return QFile::exists(folder_.filePath("native")) && control({"info"});
+}
 
 bool PulseServer::control(const QStringList& arguments)
 {
@@ -130,7 +133,10 @@ QString PulseServer::recordingPath() const
     return folder_.filePath(QString("recording%1").arg(recordings_));
 }
 
-qint64 PulseServer::recordedBytes() const { return QFile(recordingPath()).size(); }
+qint64 PulseServer::recordedBytes() const
+{
+    return QFile(recordingPath()).size();
+}
 
 QByteArray PulseServer::recordedSince(qint64 byte) const
 {
@@ -139,8 +145,17 @@ QByteArray PulseServer::recordedSince(qint64 byte) const
     return recording.readAll();
 }
 
-void PulseServer::kill() { endNow(server_); }
+void PulseServer::kill()
+{
+    endNow(server_);
+}
 
-void PulseServer::freeze() { ::kill(server_, SIGSTOP); }
+void PulseServer::freeze()
+{
+    ::kill(server_, SIGSTOP);
+}
 
-void PulseServer::thaw() { ::kill(server_, SIGCONT); }
+void PulseServer::thaw()
+{
+    ::kill(server_, SIGCONT);
+}

@@ -11,7 +11,7 @@
 class PulseServer {
 public:
     PulseServer();
-    ~PulseServer(); ///< ends recorder and server, gives PULSE_SERVER its old value back
+    ~PulseServer();    ///< ends recorder and server, gives PULSE_SERVER its old value back
 
     /// Starts the server with the device "out", stereo, at this rate in Hz; true once it answers. Sound of
     /// the same rate passes unchanged; of another rate it is resampled.
@@ -21,7 +21,7 @@ public:
     /// silence too, and begins anew at each call.
     bool record(const QString& sink = "out");
 
-    qint64 recordedBytes() const; ///< grows while the recorder runs; no event loop needed
+    qint64 recordedBytes() const;    ///< grows while the recorder runs; no event loop needed
 
     /// Raw 16-bit stereo from this byte of the recording on.
     QByteArray recordedSince(qint64 byte = 0) const;
@@ -29,8 +29,8 @@ public:
     /// Runs one command of `pactl` on the server, such as {"load-module", "module-null-sink"}.
     bool control(const QStringList& arguments);
 
-    void kill();   ///< at once, as a crash
-    void freeze(); ///< keeps its connections and answers no more
+    void kill();      ///< at once, as a crash
+    void freeze();    ///< keeps its connections and answers no more
     void thaw();
 
 private:
@@ -43,5 +43,5 @@ private:
     int recordings_ = 0;
     QByteArray oldServer_, oldCookie_;
     bool hadServer_, hadCookie_;
-    pid_t server_ = 0, recorder_ = 0; // 0: does not run
+    pid_t server_ = 0, recorder_ = 0;    // 0: does not run
 };

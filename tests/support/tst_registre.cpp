@@ -99,7 +99,7 @@ void tst_registre::theIniFileLiesInTheFolderOfApplicationData()
     QCOMPARE(IniPath, path("config/Tonehaven/Quillon.ini"));
     QCOMPARE(IniFolder, path("config/Tonehaven/"));
     QVERIFY(QDir(path("config/Tonehaven")).exists());
-    QVERIFY(!QFile::exists(IniPath)); // it comes with the first key
+    QVERIFY(!QFile::exists(IniPath));    // it comes with the first key
 }
 
 void tst_registre::theSettingsFolderIsTheUsersAlone()
@@ -152,7 +152,10 @@ void tst_registre::aSettingsFolderThatCannotBeMadeLosesTheSettings()
     QCOMPARE(contentOf(path("config/Tonehaven")), "a file");
 }
 
-void tst_registre::aMissingFileReadsAsNothing() { QCOMPARE(IniRead(path("none.ini"), "Lang", "Val"), ""); }
+void tst_registre::aMissingFileReadsAsNothing()
+{
+    QCOMPARE(IniRead(path("none.ini"), "Lang", "Val"), "");
+}
 
 void tst_registre::aKeyIsFoundInAnyCase()
 {

@@ -192,7 +192,7 @@ int main(int argc, char** argv)
     if (argc == 2 && qstrcmp(argv[1], "claim") == 0) {
         std::puts(temporaryFolder().toLocal8Bit().constData());
         std::fflush(stdout);
-        return std::getchar() == EOF ? 0 : 1; // until the test lets go
+        return std::getchar() == EOF ? 0 : 1;    // until the test lets go
     }
     tst_temp_folder tests;
     return QTest::qExec(&tests, argc, argv);

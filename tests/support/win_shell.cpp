@@ -110,7 +110,7 @@ void win_shell::aLibraryThatIsThereIsNotMentioned()
     const NoLibrary missing(fixture.path(""));
     QFile library(fixture.path("library.so.0"));
     QVERIFY(library.open(QIODevice::WriteOnly));
-    auto& form = fixture.load(); // a dialog would wait here for ever
+    auto& form = fixture.load();    // a dialog would wait here for ever
     QVERIFY(form.SelecMP3.isEnabled() && form.Option1[1].isEnabled() && form.Image6[1].isEnabled());
     QCOMPARE(form.OUTPUTFORMAT, "MP3");
 }

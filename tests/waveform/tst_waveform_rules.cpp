@@ -158,7 +158,7 @@ void tst_waveform_rules::aRatioOfOneTakesEverySecondElement()
 
 void tst_waveform_rules::theSamplingRunsOnAcrossBlocks()
 {
-    PeakScan scan(24000); // every third
+    PeakScan scan(24000);    // every third
     std::vector<std::int32_t> peaks(1);
     std::vector<std::int16_t> first{0, 0, 1, 0, 2, 0, 3, 0, 4, 0}, second{0, 0, 5, 0, 6, 0, 7, 0, 8, 0};
     scan.add(first, peaks);
@@ -254,7 +254,7 @@ void tst_waveform_rules::percents()
 void tst_waveform_rules::theRulerHasALabelEvery106PixelsAndOneBeyondTheEdge()
 {
     const auto ruler = planRuler(designWidth, 44100);
-    QCOMPARE(ruler.size(), std::size_t{8}); // 7 x 1590 is the first place beyond 10420
+    QCOMPARE(ruler.size(), std::size_t{8});    // 7 x 1590 is the first place beyond 10420
     for (std::size_t i = 0; i < ruler.size(); ++i) QCOMPARE(ruler[i].xPx, 1 + 106 * static_cast<int>(i));
 }
 
@@ -294,7 +294,7 @@ void tst_waveform_rules::theBarIsFilledToItsEndWithoutAGap()
 
 void tst_waveform_rules::theLastSectionOfTheBarIsCutToFit()
 {
-    const auto bar = planBar(designWidth); // 694.67 pixels: 2, 15 times 44, then 32.67
+    const auto bar = planBar(designWidth);    // 694.67 pixels: 2, 15 times 44, then 32.67
     QCOMPARE(bar.size(), std::size_t{16});
     QCOMPARE(bar.back().xPx, 662);
     QCOMPARE(bar.back().widthPx, 33);
@@ -341,7 +341,10 @@ void tst_waveform_rules::theLargestScrollValueShowsTheEndToWithinAUnit()
     }
 }
 
-void tst_waveform_rules::theBaseWidthIsTheViewportLess35() { QCOMPARE(baseWidth(10455), designWidth); }
+void tst_waveform_rules::theBaseWidthIsTheViewportLess35()
+{
+    QCOMPARE(baseWidth(10455), designWidth);
+}
 
 QTEST_GUILESS_MAIN(tst_waveform_rules)
 #include "tst_waveform_rules.moc"

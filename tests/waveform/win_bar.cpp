@@ -84,7 +84,7 @@ void win_bar::aSeparatorStandsThreePixelsLeftOfItsCut()
     QFETCH(int, leftPx);
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(twipLength), {cut});
-    form.DrawRulerAndMarkers(); // without the numbers, whose first digit can touch the separator
+    form.DrawRulerAndMarkers();    // without the numbers, whose first digit can touch the separator
     QVERIFY(part(form.Picture1, leftPx, barTop, 5, 18) == part(form.TrackSep, 0, 0, 5, 18));
     QVERIFY(pixel(form.Picture1, leftPx - 1, barTop + 9) == pixel(form.Track2, 20, 9));
 }
@@ -196,7 +196,7 @@ void win_bar::theSelectionCopiesThePositionLine()
     auto& form = fixture.open(fakeSound(twipLength), {1000});
     form.HasSelectedPart = true;
     form.SelectedPart = 0;
-    form.Line2.setX(6000); // outside the part: it is shown all the same
+    form.Line2.setX(6000);    // outside the part: it is shown all the same
     form.DrawWaveform();
     QCOMPARE(form.Line6.X1(), 6000.0f);
     QVERIFY(form.Line6.Visible());

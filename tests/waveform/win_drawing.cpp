@@ -112,7 +112,7 @@ void win_drawing::theWaveformIsGreenOnBlack()
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(twipLength));
     drawThreePeaks(form);
-    const double middle = 5210 / 15.0; // the second stroke: 900 twips, 60 pixels either side
+    const double middle = 5210 / 15.0;    // the second stroke: 900 twips, 60 pixels either side
     QCOMPARE(pixel(form.Picture1, middle, centrePx), strokeGreen);
     QCOMPARE(pixel(form.Picture1, middle, centrePx - 59.5), strokeGreen);
     QCOMPARE(pixel(form.Picture1, middle, centrePx + 59.5), strokeGreen);
@@ -127,8 +127,8 @@ void win_drawing::loudPeaksAreClippedByTheSurface()
     FormFixture fixture;
     auto& form = fixture.open(fakeSound(twipLength));
     drawThreePeaks(form);
-    QCOMPARE(pixel(form.Picture1, 0, 30), strokeGreen);         // right below the ruler
-    QCOMPARE(pixel(form.Picture1, 0, barTop - 1), strokeGreen); // right above the bar
+    QCOMPARE(pixel(form.Picture1, 0, 30), strokeGreen);            // right below the ruler
+    QCOMPARE(pixel(form.Picture1, 0, barTop - 1), strokeGreen);    // right above the bar
     QCOMPARE(pixel(form.Picture3, 0, 0), highlightBlue);
     QCOMPARE(pixel(form.Picture3, 0, 148), highlightBlue);
 }
@@ -163,10 +163,10 @@ void win_drawing::withoutPeaksThereIsOnlyTheRulerAndTheCentreLine()
 void win_drawing::theRulerPrintsTheTimesOfItsPlaces()
 {
     FormFixture fixture;
-    auto& form = fixture.open(fakeSound(70 * 1000, 1000)); // 70 seconds
+    auto& form = fixture.open(fakeSound(70 * 1000, 1000));    // 70 seconds
     form.DrawRuler();
     for (int k = 0; k < 6; ++k) {
-        const std::int32_t ms = sampleOfX(10420, TotalSamples, 1590 * k); // 1000 Hz
+        const std::int32_t ms = sampleOfX(10420, TotalSamples, 1590 * k);    // 1000 Hz
         form.Res1.Cls();
         form.Res1.Print(2, 250, FormatRulerTime(ms));
         QVERIFY(part(form.Picture1, 1 + 106 * k, 0, 106, 29) == part(form.Res1, 0, 1, 106, 29));

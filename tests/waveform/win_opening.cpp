@@ -75,7 +75,7 @@ void win_opening::anOpenRunsTheEnginesCallsInOrder()
     QCOMPARE(
         journal().commands(),
         (QStringList{"dialog open",
-                     "FileR.Close", // of the document before
+                     "FileR.Close",    // of the document before
                      "AudioPlayer.Stop", "FileR.Close", "FileR.SetWmaEnabled True",
                      "FileR.Open /music/song.mp3", "AudioTags.ReadFrom /music/song.mp3",
                      "AudioPlayer.SetFormat 44100 2", "FileWenc.SetFormatPCM 44100 2 16",
@@ -113,7 +113,7 @@ void win_opening::theWorkFileIsTheDocumentAfterwards()
 {
     FormFixture fixture;
     FakeSound song = fakeSound(tenSeconds);
-    song.claimedTotal = tenSeconds + 5000; // a header that promises more than can be decoded
+    song.claimedTotal = tenSeconds + 5000;    // a header that promises more than can be decoded
     auto& form = fixture.open(song);
     QVERIFY(form.FileLoaded && !form.Scanning);
     QCOMPARE(TotalSamples, tenSeconds);
@@ -211,7 +211,7 @@ void win_opening::theTableHasTheLowestSampleAs32665AndTheHighestAs32767()
     song.samples[4] = 32767;
     FormFixture fixture;
     auto& form = fixture.open(song);
-    QCOMPARE(form.Peaks.size(), std::size_t{7999}); // ratio 1: every left sample but the first
+    QCOMPARE(form.Peaks.size(), std::size_t{7999});    // ratio 1: every left sample but the first
     QCOMPARE(form.Peaks[0], 32665);
     QCOMPARE(form.Peaks[1], 32767);
     QCOMPARE(form.Peaks[2], 3);

@@ -58,7 +58,8 @@ void win_recorded::aRecordingShowsItsProgressInTheStatusBarAtEveryBlock()
 {
     FormFixture fixture;
     auto& form = fixture.load();
-    fixture.engine.disk[QStringLiteral("/r.wav")] = fakeSound(80000, 100); // blocks of 200: four to a percent
+    fixture.engine.disk[QStringLiteral("/r.wav")] =
+        fakeSound(80000, 100);    // blocks of 200: four to a percent
     QStringList panels;
     int shown = 0;
     journal().onCommand = [&](const QString& line) {

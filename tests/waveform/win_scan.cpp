@@ -41,7 +41,10 @@ public:
     std::function<void(int block)> during;
 };
 
-void pressCancel() { QTest::mouseClick(&ProgressForm->Command1, Qt::LeftButton); }
+void pressCancel()
+{
+    QTest::mouseClick(&ProgressForm->Command1, Qt::LeftButton);
+}
 
 }
 
@@ -147,7 +150,7 @@ void win_scan::thePercentageBeginsAtOneAndStaysThereUntilItPassesOne()
     scan.during = [&](int block) {
         if (block <= 7) shown << scan.fixture.form->StatusBar1.Panels(1).text().mid(langText(72).size());
     };
-    scan.run(); // one block and a half are 2 %, a tie going to the even number
+    scan.run();    // one block and a half are 2 %, a tie going to the even number
     QCOMPARE(shown, (QStringList{"", "1 %", "1 %", "1 %", "1 %", "1 %", "2 %"}));
 }
 
@@ -172,7 +175,7 @@ void win_scan::theLastPercentageIsAHundred()
 {
     FormFixture fixture;
     FakeSound song = fakeSound(slowLength, slowRate);
-    song.claimedTotal = slowLength / 2; // more can be read than was promised
+    song.claimedTotal = slowLength / 2;    // more can be read than was promised
     fixture.engine.disk[QStringLiteral("/song.mp3")] = song;
     auto& form = fixture.load();
     QString last;
@@ -189,10 +192,10 @@ void win_scan::anUnchangedPercentageHearsNoCancel()
 {
     SlowScan scan;
     scan.during = [&](int block) {
-        if (block == 2) QTimer::singleShot(0, &ProgressForm->Command1, pressCancel); // waits in the queue
+        if (block == 2) QTimer::singleShot(0, &ProgressForm->Command1, pressCancel);    // waits in the queue
     };
     scan.run();
-    QCOMPARE(TotalSamples, 6 * slowBlock); // the sixth block moves the percentage to 2
+    QCOMPARE(TotalSamples, 6 * slowBlock);    // the sixth block moves the percentage to 2
 }
 
 void win_scan::aCancelKeepsThePartReadSoFar()

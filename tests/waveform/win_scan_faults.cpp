@@ -15,9 +15,15 @@ constexpr std::int32_t tenSeconds = 10 * testRate;
 constexpr std::int32_t earlierLength = 20000;
 constexpr std::int32_t blockLength = 2 * testRate;
 
-QStringList messages() { return journal().commandsOf(QStringLiteral("MsgBox")); }
+QStringList messages()
+{
+    return journal().commandsOf(QStringLiteral("MsgBox"));
+}
 
-QStringList theMessage() { return {QStringLiteral("MsgBox Critical [Quillon]: ") + langText(73)}; }
+QStringList theMessage()
+{
+    return {QStringLiteral("MsgBox Critical [Quillon]: ") + langText(73)};
+}
 
 // Opens "/music/next.mp3", whatever the disk has there. The journal is empty before.
 void openNext(FormFixture& fixture)
