@@ -46,11 +46,20 @@ private:
 
 StopWatch::StopWatch() : wall_(secondsOf(CLOCK_MONOTONIC)), cpu_(secondsOf(CLOCK_PROCESS_CPUTIME_ID)) {}
 
-double StopWatch::wall() const { return secondsOf(CLOCK_MONOTONIC) - wall_; }
+double StopWatch::wall() const
+{
+    return secondsOf(CLOCK_MONOTONIC) - wall_;
+}
 
-double StopWatch::cpu() const { return secondsOf(CLOCK_PROCESS_CPUTIME_ID) - cpu_; }
+double StopWatch::cpu() const
+{
+    return secondsOf(CLOCK_PROCESS_CPUTIME_ID) - cpu_;
+}
 
-void printJob(const StopWatch& watch) { std::printf("job %.4f %.4f\n", watch.wall(), watch.cpu()); }
+void printJob(const StopWatch& watch)
+{
+    std::printf("job %.4f %.4f\n", watch.wall(), watch.cpu());
+}
 
 void printFirstPaint(QWidget& window)
 {

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int repeats = 21;
-constexpr int smallScroll = 50; // the bar's own step at its arrows
+constexpr int smallScroll = 50;    // the bar's own step at its arrows
 
 struct Cost {
     double wall = 0;

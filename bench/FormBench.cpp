@@ -5,6 +5,7 @@
 #include "core/Errors.h"
 #include "core/toolkit/Events.h"
 #include "engine/Engine.h"
+#include "export/FormatTable.h"
 
 #include <QFile>
 
@@ -45,6 +46,16 @@ void FormBench::save(const QString& format, std::int32_t start, std::int32_t len
     answers_.path = target;
     const StopWatch watch;
     form_->SaveRange(format, start, length);
+    printJob(watch);
+}
+
+void FormBench::extract(const QString& format, const QString& video, const QString& target)
+{
+    const OutputFormat* row = formatByName(format);
+    if (!row) throw EngineError(QStringLiteral("no format ") + format);
+    form_->Option1_Click(row->option);
+    const StopWatch watch;
+    form_->ExtractAudio(video, target);
     printJob(watch);
 }
 

@@ -33,6 +33,8 @@ public:
     /// `target`.
     void save(const QString& format, std::int32_t start, std::int32_t length, const QString& target);
     void saveAll(const QString& format, const std::vector<std::int32_t>& cuts, const QString& target);
+    /// The same for the sound of a video.
+    void extract(const QString& format, const QString& video, const QString& target);
     void setCuts(const std::vector<std::int32_t>& cuts);
 
     /// Prints "redraw LEVEL WALL CPU" for each zoom level, and "scroll WALL CPU" for a step at the last one.

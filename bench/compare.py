@@ -37,7 +37,7 @@ def main():
     with tempfile.TemporaryDirectory(prefix="quillon-bench-", dir=parent) as target:
         bench = timing.Bench(options.programs, target)
         print(report.machine_line(parent) + "\n", flush=True)
-        rows = jobs.opens(options, target) + jobs.saves(options, target) + jobs.save_alls(options, target)
+        rows = jobs.opens(options, target) + jobs.saves(options, target) + jobs.extracts(options, target) + jobs.save_alls(options, target)
         chosen = [row for row in rows if options.only in row.name]
         if chosen:
             print(report.HEADER, flush=True)

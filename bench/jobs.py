@@ -93,6 +93,22 @@ def saves(options, target):
     ]
 
 
+# ---------------------------------------------------------------- the sound of a video
+
+def extracts(options, target):
+    if options.engine:
+        return []
+    video = os.path.join(options.album, "album-pcm.avi")
+    rows = []
+    for name, suffix, how in [("MP3", ".mp3", ["-c:a", "libmp3lame", "-b:a", "128k", "-compression_level", "3"]),
+                              ("OGG", ".ogg", ["-c:a", "libvorbis", "-q:a", "4"])]:
+        ours_out, out = os.path.join(target, "film" + suffix), os.path.join(target, "theirs" + suffix)
+        ours = Run("Quillon", [own(options, "quillon-bench"), "extract", name, video, ours_out], [ours_out])
+        rows.append(Row(f"extract from AVI as {name}", ours, [Run("ffmpeg", ffmpeg(video, "-vn", *how, out), [out])],
+                        check.same_saves))
+    return rows
+
+
 # ---------------------------------------------------------------- saving all parts
 
 def parts_of(album):

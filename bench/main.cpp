@@ -1,11 +1,11 @@
-// The real program, driven for bench/run:
-//   quillon-bench start                                     time from the start of the process to the first
-//   paint quillon-bench open FILE                                 opens it as the user does quillon-bench
-//   save FORMAT FILE START LENGTH TARGET      opens FILE, then saves a stretch of it, in samples
-//   quillon-bench save-all FORMAT FILE CUTS FOLDER          opens FILE, then saves all parts between the cuts
-//   quillon-bench draw FILE CUTS                            opens FILE, then redraws it at every zoom level
-// FORMAT: MP3 OGG WMA WAV. Settings are those of a fresh installation when XDG_CONFIG_HOME is an empty
-// folder.
+// The real program, driven for bench/run. Times go to standard output, one line for each job:
+//   start, from the start of the process to the first paint
+//   open FILE, as the user does it
+//   save FORMAT FILE START LENGTH TARGET, a stretch in samples of a file opened before
+//   save-all FORMAT FILE CUTS FOLDER, all parts between the cuts of a file opened before
+//   extract FORMAT VIDEO TARGET, the sound of a video
+//   draw FILE CUTS, every zoom level of a file opened before
+// FORMAT is MP3, OGG, WMA or WAV. Settings are those of a fresh installation when XDG_CONFIG_HOME is empty.
 #include "bench/Bench.h"
 #include "bench/FormBench.h"
 #include "core/toolkit/Application.h"
@@ -15,7 +15,7 @@
 namespace {
 
 constexpr auto usage = "usage: quillon-bench start | open FILE | save FORMAT FILE START LENGTH TARGET |\n"
-                       "       save-all FORMAT FILE CUTS FOLDER | draw FILE CUTS\n";
+                       "       save-all FORMAT FILE CUTS FOLDER | extract FORMAT VIDEO TARGET | draw FILE CUTS\n";
 
 int run(const QStringList& a)
 {
@@ -31,6 +31,8 @@ int run(const QStringList& a)
     } else if (job == QLatin1String("save-all") && a.size() == 5) {
         bench.open(a.at(2));
         bench.saveAll(a.at(1), readCuts(a.at(3)), a.at(4));
+    } else if (job == QLatin1String("extract") && a.size() == 4) {
+        bench.extract(a.at(1), a.at(2), a.at(3));
     } else if (job == QLatin1String("draw") && a.size() == 3) {
         bench.open(a.at(1));
         bench.setCuts(readCuts(a.at(2)));

@@ -11,7 +11,10 @@ void CutterSelect::SaveAllParts_Click()
 {
     if (!FileLoaded || Scanning || lastPartRecord() == 0) return;
     QString folder = BrowseForFolder(langText(81));
-    if (!folder.isEmpty()) SaveEveryPart(folder, OUTPUTFORMAT);
+    if (folder.isEmpty()) return;
+    // A player that is still fed would read on from the very file that the parts are copied from.
+    if (IsPlaying) StopPlayback();
+    SaveEveryPart(folder, OUTPUTFORMAT);
 }
 
 void CutterSelect::SaveEveryPart(QString& folder, const QString& chosenFormat)

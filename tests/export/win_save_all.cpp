@@ -13,6 +13,7 @@ private slots:
     void withoutAFileNothingIsAsked();
     void duringAScanNothingIsAsked();
     void leavingTheFolderChooserSavesNothing();
+    void aFileThatPlaysIsStoppedBeforeItsPartsAreCopied();
     void theChooserHasItsPrompt();
     void aClosedSourceEndsTheRunWithoutAMessage();
 
@@ -117,6 +118,23 @@ void win_save_all::leavingTheFolderChooserSavesNothing()
     Saving saving("WAV");
     saving.form.SaveAllParts.trigger();
     QCOMPARE(journal().commands(), QStringList{"dialog folder"});
+}
+
+void win_save_all::aFileThatPlaysIsStoppedBeforeItsPartsAreCopied()
+{
+    Saving saving("WAV", {200000, 400000}, longSong());
+    saving.form.ToolbarCommand(10);
+    QVERIFY(saving.form.IsPlaying);
+    // The player asks for more at each moment that the run gives way.
+    journal().onCommand = [&](const QString& line) {
+        if (line.startsWith("FileWenc.WriteArray")) saving.form.AudioPlayer_RequestOnLoadArray();
+    };
+    saving.fixture.dialogs.files.push_back(QString("/out"));
+    saving.form.SaveAllParts.trigger();
+    QVERIFY(!saving.form.IsPlaying);
+    const auto& source = saving.song.samples;
+    QVERIFY(saving.fixture.engine.disk["/out/song-Part 2.wav"].samples ==
+            SampleArray(source.begin() + 400000, source.begin() + 800000));
 }
 
 void win_save_all::theChooserHasItsPrompt()

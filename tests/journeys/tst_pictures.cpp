@@ -4,6 +4,9 @@
 
 #include "core/toolkit/FormHolder.h"
 #include "core/toolkit/Look.h"
+#include "encoders/frmMP3.h"
+#include "encoders/frmOgg.h"
+#include "encoders/frmWMA.h"
 #include "support/About.h"
 #include "support/LameEncoder.h"
 #include "waveform/Form2.h"
@@ -22,6 +25,7 @@ private slots:
     void theProgressDialogShowsItsTextsWhole_data() { languages(); }
     void theProgressDialogShowsItsTextsWhole();
     void theFixedDialogsShowTheirTextsWhole();
+    void theSettingsDialogsShowTheirTextsWhole();
     void theLastMenuIsInSight_data() { languages(); }
     void theLastMenuIsInSight();
     void everyButtonOfTheToolBarIsInSight();
@@ -108,6 +112,27 @@ void tst_pictures::theFixedDialogsShowTheirTextsWhole()
     look(lame, QStringLiteral("lame"));
     QVERIFY(lame.Label4.heightForWidth(lame.Label4.width()) <= lame.Label4.height());
     QVERIFY(lame.Label6.heightForWidth(lame.Label6.width()) <= lame.Label6.height());
+}
+
+void tst_pictures::theSettingsDialogsShowTheirTextsWhole()
+{
+    Journey journey;
+    journey.start();
+    Mp3SettingsForm->AppelconvertMain(journey.form());
+    Mp3SettingsForm->show();
+    for (int tab = 0; tab < Mp3SettingsForm->tabMP3.count(); ++tab) {
+        Mp3SettingsForm->tabMP3.setCurrentIndex(tab);
+        look(*Mp3SettingsForm, QStringLiteral("mp3-%1").arg(tab));
+    }
+    Mp3SettingsForm.unload();
+    OggSettingsForm->loadMain(journey.form());
+    OggSettingsForm->show();
+    look(*OggSettingsForm, QStringLiteral("ogg"));
+    OggSettingsForm.unload();
+    WmaSettingsForm->Form_Load(journey.form());
+    WmaSettingsForm->show();
+    look(*WmaSettingsForm, QStringLiteral("wma"));
+    WmaSettingsForm.unload();
 }
 
 void tst_pictures::theLastMenuIsInSight()
