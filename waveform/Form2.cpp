@@ -2,14 +2,28 @@
 
 #include "core/CutterSelect.h"
 #include "core/toolkit/FormHolder.h"
+#include "core/toolkit/Look.h"
 #include "core/toolkit/Wall.h"
 
 #include <QCloseEvent>
+#include <QPainter>
 
-namespace {
+void PlainBar::setPercent(double percent)
+{
+    percent_ = percent;
+    update();
+}
 
-constexpr int stepsPerPercent = 100;
-
+void PlainBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look::inactiveTab);
+    painter.drawRoundedRect(rect(), 4, 4);
+    painter.setBrush(look::accent);
+    painter.setClipRect(QRectF(0, 0, width() * percent_ / 100, height()));
+    painter.drawRoundedRect(rect(), 4, 4);
 }
 
 Form2::Form2()
@@ -21,8 +35,6 @@ Form2::Form2()
     setFixedSize(380, 120);
     Label2.elideMode = Qt::ElideMiddle;
     put(bar_, QStringLiteral("ProgressBar1"), {16, 46, 348, 8});
-    bar_.setTextVisible(false);
-    bar_.setRange(0, 100 * stepsPerPercent);
     put(Command1, QStringLiteral("Command1"), {264, 76, 100, 30});
     Command1.setAutoDefault(false);
     connect(&Command1, &QPushButton::clicked, this, guarded([](bool) { KeepRunning = false; }));
@@ -31,7 +43,7 @@ Form2::Form2()
 void Form2::setProgressBar1(double value)
 {
     value_ = static_cast<float>(value);
-    bar_.setValue(static_cast<int>(value * stepsPerPercent + 0.5));
+    bar_.setPercent(value);
 }
 
 void Form2::unloading()

@@ -4,8 +4,21 @@
 #include "core/toolkit/Widgets.h"
 
 #include <QDialog>
-#include <QProgressBar>
 #include <QPushButton>
+
+/// A flat bar. It is painted once for each time the job gives way, however often it has moved.
+class PlainBar : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    void setPercent(double percent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    double percent_ = 0;
+};
 
 class Form2 : public QDialog {
     Q_OBJECT
@@ -26,5 +39,5 @@ protected:
 
 private:
     float value_ = 0;
-    QProgressBar bar_;
+    PlainBar bar_;
 };
