@@ -2,6 +2,7 @@
 #include "bench/Bench.h"
 #include "bench/FormBench.h"
 
+#include "core/Errors.h"
 #include "core/toolkit/Events.h"
 
 #include <algorithm>
@@ -33,17 +34,30 @@ Cost medianOf(Action action)
     return {walls[repeats / 2], cpus[repeats / 2]};
 }
 
+// Counts what is painted, so that a step that would paint nothing isn't taken for a fast one.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+    int paints = 0;
+};
+
 }
 
 void FormBench::redraw()
 {
     giveWay();
-    for (std::int32_t level = 0;; ++level) {
+    for (;;) {
         const Cost cost = medianOf([&](int) {
             form_->DrawWaveform();
             form_->repaint();
         });
         std::printf("redraw %d %.5f %.5f\n", form_->ZoomLevel, cost.wall, cost.cpu);
+        if (form_->ZoomLevel > 0) scroll();
         const auto width = form_->Picture1.Width();
         form_->zoomIn();
         giveWay();
@@ -51,12 +65,17 @@ void FormBench::redraw()
     }
 }
 
+// A step is done when what it moved is on the window, as the loop of the program brings it there.
 void FormBench::scroll()
 {
     QScrollBar& bar = form_->MonScroll;
+    PaintCount surface(form_->Picture1);
+    giveWay();
+    surface.paints = 0;
     const Cost cost = medianOf([&](int i) {
-        bar.setValue((i + 1) * smallScroll % bar.maximum());
-        form_->repaint();
+        bar.setValue(1 + (i + 1) * smallScroll % (bar.maximum() - 1));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
     });
-    std::printf("scroll 0 %.5f %.5f\n", cost.wall, cost.cpu);
+    if (surface.paints < repeats) throw EngineError(QStringLiteral("a scroll step painted nothing"));
+    std::printf("scroll %d %.5f %.5f\n", form_->ZoomLevel, cost.wall, cost.cpu);
 }

@@ -37,13 +37,15 @@ public:
     void extract(const QString& format, const QString& video, const QString& target);
     void setCuts(const std::vector<std::int32_t>& cuts);
 
-    /// Prints "redraw LEVEL WALL CPU" for each zoom level, and "scroll WALL CPU" for a step at the last one.
+    /// Prints "redraw LEVEL WALL CPU" and, where the waveform is wider than its window, "scroll LEVEL WALL
+    /// CPU" for each zoom level.
     void redraw();
-    void scroll();
 
     CutterSelect& form() { return *form_; }
 
 private:
+    void scroll();
+
     Answers answers_;
     std::unique_ptr<AudioEngine> engine_;
     std::unique_ptr<CutterSelect> form_;

@@ -14,8 +14,9 @@
 
 namespace {
 
-constexpr auto usage = "usage: quillon-bench start | open FILE | save FORMAT FILE START LENGTH TARGET |\n"
-                       "       save-all FORMAT FILE CUTS FOLDER | extract FORMAT VIDEO TARGET | draw FILE CUTS\n";
+constexpr auto usage =
+    "usage: quillon-bench start | open FILE | save FORMAT FILE START LENGTH TARGET |\n"
+    "       save-all FORMAT FILE CUTS FOLDER | extract FORMAT VIDEO TARGET | draw FILE CUTS\n";
 
 int run(const QStringList& a)
 {
@@ -37,7 +38,6 @@ int run(const QStringList& a)
         bench.open(a.at(1));
         bench.setCuts(readCuts(a.at(2)));
         bench.redraw();
-        bench.scroll();
     } else {
         std::fputs(usage, stderr);
         return 2;

@@ -3,9 +3,7 @@
 #include "core/Errors.h"
 #include "engine/TagStream.h"
 
-#include <taglib/id3v1genres.h>
 #include <taglib/tbytevector.h>
-#include <taglib/tstring.h>
 
 namespace {
 
@@ -61,25 +59,4 @@ void TagEngine::SetTagVersion(std::int32_t version)
 {
     if (version != 1 && version != 2) throw EngineError(QString("no tag version %1").arg(version));
     version_ = version;
-}
-
-QString fromTag(const TagLib::String& text)
-{
-    return QString::fromStdString(text.to8Bit(true));
-}
-
-TagLib::String toTag(const QString& text)
-{
-    return TagLib::String(text.toStdString(), TagLib::String::UTF8);
-}
-
-QString genreName(std::int32_t genre)
-{
-    return genre >= 0 && genre < genreCount ? fromTag(TagLib::ID3v1::genre(genre)) : QString();
-}
-
-std::int32_t genreIndex(const TagLib::String& name)
-{
-    const std::int32_t index = TagLib::ID3v1::genreIndex(name);
-    return index < genreCount ? index : -1;
 }

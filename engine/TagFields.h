@@ -8,6 +8,7 @@
 
 namespace TagLib {
 class String;
+class Tag;
 }
 class TagStream;
 
@@ -33,6 +34,11 @@ void writeOggTags(TagStream& stream, const TagFields& fields);
 
 TagFields readAsfTags(TagStream& stream);
 void writeAsfTags(TagStream& stream, const TagFields& fields);
+
+/// What a tag of any kind holds alike; all left out without a tag.
+TagFields commonFields(const TagLib::Tag* tag);
+/// Sets title, artist, album and comment.
+void setCommonTexts(TagLib::Tag& tag, const TagFields& fields);
 
 QString fromTag(const TagLib::String& text);
 TagLib::String toTag(const QString& text);

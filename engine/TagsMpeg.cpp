@@ -13,19 +13,6 @@ namespace {
 
 constexpr int version1Bytes = 128;
 
-TagFields fieldsOf(const TagLib::Tag* tag)
-{
-    TagFields fields;
-    if (tag == nullptr) return fields;
-    fields.title = fromTag(tag->title());
-    fields.artist = fromTag(tag->artist());
-    fields.album = fromTag(tag->album());
-    fields.comment = fromTag(tag->comment());
-    fields.genre = genreIndex(tag->genre());
-    fields.year = static_cast<std::int32_t>(tag->year());
-    return fields;
-}
-
 void setFrame(TagLib::ID3v2::Tag& tag, const char* id, const QString& text)
 {
     tag.removeFrames(id);
@@ -71,8 +58,8 @@ bool hasVersion1(TagStream& stream)
 TagFields readMpegTags(TagStream& stream)
 {
     TagLib::MPEG::File file(&stream, TagLib::ID3v2::FrameFactory::instance(), false);
-    TagFields fields = fieldsOf(file.ID3v2Tag());
-    const TagFields older = fieldsOf(file.ID3v1Tag());
+    TagFields fields = commonFields(file.ID3v2Tag());
+    const TagFields older = commonFields(file.ID3v1Tag());
     for (QString TagFields::*text :
          {&TagFields::title, &TagFields::artist, &TagFields::album, &TagFields::comment})
         if ((fields.*text).isEmpty()) fields.*text = older.*text;

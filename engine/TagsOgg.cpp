@@ -21,16 +21,7 @@ void setField(TagLib::Ogg::XiphComment& tag, const char* name, const QString& te
 TagFields readOggTags(TagStream& stream)
 {
     TagLib::Ogg::Vorbis::File file(&stream, false);
-    TagFields fields;
-    if (!file.isValid() || file.tag() == nullptr) return fields;
-    const TagLib::Ogg::XiphComment& tag = *file.tag();
-    fields.title = fromTag(tag.title());
-    fields.artist = fromTag(tag.artist());
-    fields.album = fromTag(tag.album());
-    fields.comment = fromTag(tag.comment());
-    fields.genre = genreIndex(tag.genre());
-    fields.year = static_cast<std::int32_t>(tag.year());
-    return fields;
+    return commonFields(file.isValid() ? file.tag() : nullptr);
 }
 
 void writeOggTags(TagStream& stream, const TagFields& fields)
@@ -38,10 +29,7 @@ void writeOggTags(TagStream& stream, const TagFields& fields)
     TagLib::Ogg::Vorbis::File file(&stream, false);
     if (!file.isValid() || file.tag() == nullptr) throw EngineError("no Ogg Vorbis file");
     TagLib::Ogg::XiphComment& tag = *file.tag();
-    tag.setTitle(toTag(fields.title));
-    tag.setArtist(toTag(fields.artist));
-    tag.setAlbum(toTag(fields.album));
-    tag.setComment(toTag(fields.comment));
+    setCommonTexts(tag, fields);
     tag.setGenre(toTag(genreName(fields.genre)));
     setField(tag, "DATE", QString::number(fields.year));
     setField(tag, "TRACKNUMBER", fields.track > 0 ? QString::number(fields.track) : QString());

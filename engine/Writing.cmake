@@ -10,6 +10,7 @@ target_sources(engine PRIVATE
     Mp3Settings.cpp
     OutputFile.cpp
     TagEngine.cpp
+    TagFields.cpp
     TagsAsf.cpp
     TagsMpeg.cpp
     TagsOgg.cpp

@@ -1,22 +1,12 @@
 // The devices of a real sound server, and how they and the server go away.
-#include "engine/PulsePlayer.h"
-#include "tests/engine/tst_player_feeder.h"
-#include "tests/support/PulseServer.h"
+#include "tests/engine/PlayerOnServer.h"
 
-#include <QTest>
-
-namespace {
-
-constexpr int patienceMs = 30000;
-
-}
-
-class tst_player_devices : public QObject {
+class tst_player_devices : public QObject, private PlayerOnServer {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { QVERIFY(startServer()); }
+    void cleanup() { stopServer(); }
 
     void everyDeviceOfTheServerIsCounted();
     void theChosenDeviceIsHeard();
@@ -25,42 +15,7 @@ private slots:
     void aServerWithoutADeviceFails();
     void aServerThatStoppedAnsweringFails();
     void aServerThatCameBackIsFound();
-
-private:
-    /// Waits until this frame has been recorded, and gives all frames but the silent ones.
-    FrameNumbers recordedUpTo(std::int32_t frame);
-    bool ended(const Feeder& feeder)
-    {
-        return QTest::qWaitFor([&] { return feeder.ends > 0; }, patienceMs);
-    }
-
-    std::unique_ptr<PulseServer> server_;
-    std::unique_ptr<AudioPlayerStream> player_;
 };
-
-void tst_player_devices::init()
-{
-    server_ = std::make_unique<PulseServer>();
-    QVERIFY(server_->start());
-    QVERIFY(server_->record());
-    player_ = makePulsePlayer();
-}
-
-void tst_player_devices::cleanup()
-{
-    player_.reset();
-    server_.reset();
-}
-
-FrameNumbers tst_player_devices::recordedUpTo(std::int32_t frame)
-{
-    FrameNumbers heard;
-    const auto isThere = [&] {
-        heard = soundingFrames(frameNumbers(server_->recordedSince()));
-        return std::find(heard.begin(), heard.end(), frame) != heard.end();
-    };
-    return QTest::qWaitFor(isThere, patienceMs) ? heard : FrameNumbers();
-}
 
 void tst_player_devices::everyDeviceOfTheServerIsCounted()
 {

@@ -1,25 +1,15 @@
 // The player on a real sound server of its own, and what a recorder hears of it.
 #include "engine/PulseOut.h"
-#include "engine/PulsePlayer.h"
-#include "tests/engine/tst_player_feeder.h"
-#include "tests/support/PulseServer.h"
-
-#include <QTest>
+#include "tests/engine/PlayerOnServer.h"
 
 #include <atomic>
 
-namespace {
-
-constexpr int patienceMs = 30000;
-
-}
-
-class tst_player_server : public QObject {
+class tst_player_server : public QObject, private PlayerOnServer {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { QVERIFY(startServer()); }
+    void cleanup() { stopServer(); }
 
     void everyFrameOfAStretchIsHeardUnchangedOnceAndInOrder();
     void eventsComeOnTheProgramsThreadAndTheEndAfterTheTotal();
@@ -35,42 +25,7 @@ private slots:
     void aPlayerCanBeDestroyedWhileItPlays();
     void twoPlayersAreHeardAtOnce();
     void monoIsHeardOnBothSides();
-
-private:
-    /// Waits until this frame has been recorded, and gives all frames but the silent ones.
-    FrameNumbers recordedUpTo(std::int32_t frame);
-    bool ended(const Feeder& feeder)
-    {
-        return QTest::qWaitFor([&] { return feeder.ends > 0; }, patienceMs);
-    }
-
-    std::unique_ptr<PulseServer> server_;
-    std::unique_ptr<AudioPlayerStream> player_;
 };
-
-void tst_player_server::init()
-{
-    server_ = std::make_unique<PulseServer>();
-    QVERIFY(server_->start());
-    QVERIFY(server_->record());
-    player_ = makePulsePlayer();
-}
-
-void tst_player_server::cleanup()
-{
-    player_.reset();
-    server_.reset();
-}
-
-FrameNumbers tst_player_server::recordedUpTo(std::int32_t frame)
-{
-    FrameNumbers heard;
-    const auto isThere = [&] {
-        heard = soundingFrames(frameNumbers(server_->recordedSince()));
-        return std::find(heard.begin(), heard.end(), frame) != heard.end();
-    };
-    return QTest::qWaitFor(isThere, patienceMs) ? heard : FrameNumbers();
-}
 
 // On a machine that is busy enough the server runs dry for a moment. That is silence between frames and no
 // fault of the sound, so silence is left out of what is compared; that no silence is made between arrays is

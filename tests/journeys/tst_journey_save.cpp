@@ -38,6 +38,22 @@ void fillTags(Journey& journey)
     QTest::mouseClick(&form.Image23, Qt::LeftButton);
 }
 
+// That song with all tags filled in and a title for its second part.
+void openAndCutWithTags(Journey& journey)
+{
+    openAndCut(journey);
+    journey.title(2, QStringLiteral("Middle"));
+    fillTags(journey);
+}
+
+// Saves all parts in the format selected, and gives the folder.
+QString saveAll(Journey& journey)
+{
+    const QString out = journey.folder(QStringLiteral("out"));
+    journey.saveAll(out);
+    return out;
+}
+
 std::int32_t lengthOfPart(int row)
 {
     const std::int32_t start = row == 1 ? 0 : CutPoints.at(static_cast<std::size_t>(row - 1));
@@ -82,8 +98,7 @@ void tst_journey_save::allPartsAsWavLaidEndToEndAreTheSource()
     openAndCut(journey);
     journey.title(1, QStringLiteral("Intro"));
     journey.form().SelecWav.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    const QString out = saveAll(journey);
     SampleArray together;
     for (const char* name : {"Intro.WAV", "song-Part 2.wav", "song-Part 3.wav"}) {
         const SampleArray part = readWav(out + QLatin1Char('/') + QString::fromLatin1(name));
@@ -99,8 +114,7 @@ void tst_journey_save::filesAreNamedByTheirTitlesOrTheirNumbers()
     openAndCut(journey);
     journey.title(1, QStringLiteral("Intro"));
     journey.form().SelecWav.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    const QString out = saveAll(journey);
     QCOMPARE(QDir(out).entryList(QDir::Files, QDir::Name),
              (QStringList{"Intro.WAV", "song-Part 2.wav", "song-Part 3.wav"}));
 }
@@ -126,11 +140,8 @@ static void checkTags(const QString& file, const QString& title)
 void tst_journey_save::allPartsAsMp3HaveTheirExactLengthAndTheTags()
 {
     Journey journey;
-    openAndCut(journey);
-    journey.title(2, QStringLiteral("Middle"));
-    fillTags(journey);
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    openAndCutWithTags(journey);
+    const QString out = saveAll(journey);
     checkTags(out + QStringLiteral("/Middle.MP3"), QStringLiteral("Middle"));
     checkTags(out + QStringLiteral("/song-Part 3.mp3"), QString());
     QCOMPARE(decoded(out + QStringLiteral("/song-Part 1.mp3")).size(),
@@ -142,12 +153,9 @@ void tst_journey_save::allPartsAsMp3HaveTheirExactLengthAndTheTags()
 void tst_journey_save::allPartsAsOggHaveTheirExactLengthAndTheTags()
 {
     Journey journey;
-    openAndCut(journey);
-    journey.title(2, QStringLiteral("Middle"));
-    fillTags(journey);
+    openAndCutWithTags(journey);
     journey.form().selecOgg.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    const QString out = saveAll(journey);
     checkTags(out + QStringLiteral("/Middle.OGG"), QStringLiteral("Middle"));
     QCOMPARE(decoded(out + QStringLiteral("/Middle.OGG")).size(),
              static_cast<std::size_t>(lengthOfPart(2)) * 2);
@@ -159,12 +167,9 @@ void tst_journey_save::allPartsAsWmaHaveTheirLengthAndTheTags()
 {
     Journey journey;
     journey.setting(QStringLiteral("WMA"), QStringLiteral("WMASUPPORT"), QStringLiteral("True"));
-    openAndCut(journey);
-    journey.title(2, QStringLiteral("Middle"));
-    fillTags(journey);
+    openAndCutWithTags(journey);
     journey.form().SelecWma.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    const QString out = saveAll(journey);
     checkTags(out + QStringLiteral("/Middle.WMA"), QStringLiteral("Middle"));
     const auto frames = static_cast<std::int32_t>(decoded(out + QStringLiteral("/Middle.WMA")).size() / 2);
     QVERIFY2(std::abs(frames - lengthOfPart(2)) <= 2 * 2048,
@@ -177,8 +182,7 @@ void tst_journey_save::anId3v1TagStandsAtTheEndOfAnMp3()
     openAndCut(journey);
     journey.title(1, QStringLiteral("Thirty characters of a title.."));
     fillTags(journey);
-    const QString out = journey.folder(QStringLiteral("out"));
-    journey.saveAll(out);
+    const QString out = saveAll(journey);
     QFile file(out + QStringLiteral("/Thirty characters of a title...MP3"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray tag = file.readAll().right(128);

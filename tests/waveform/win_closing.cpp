@@ -2,26 +2,9 @@
 #include "support/FormFixture.h"
 #include "support/Journal.h"
 #include "support/Mouse.h"
+#include "waveform/TaggedSong.h"
 
 #include <QTest>
-
-namespace {
-
-constexpr std::int32_t tenSeconds = 10 * testRate;
-
-FakeSound taggedSong()
-{
-    FakeSound song = fakeSound(tenSeconds);
-    song.title = QStringLiteral("Rain");
-    song.artist = QStringLiteral("Ana");
-    song.album = QStringLiteral("Weather");
-    song.comment = QStringLiteral("live");
-    song.genre = 17;
-    song.year = 1998;
-    return song;
-}
-
-}
 
 class win_closing : public QObject {
     Q_OBJECT

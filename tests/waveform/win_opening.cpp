@@ -2,6 +2,7 @@
 #include "support/FormFixture.h"
 #include "support/Journal.h"
 #include "support/Mouse.h"
+#include "waveform/TaggedSong.h"
 
 #include "core/toolkit/FormHolder.h"
 #include "waveform/Form2.h"
@@ -9,20 +10,6 @@
 #include <QTest>
 
 namespace {
-
-constexpr std::int32_t tenSeconds = 10 * testRate;
-
-FakeSound taggedSong()
-{
-    FakeSound song = fakeSound(tenSeconds);
-    song.title = QStringLiteral("Rain");
-    song.artist = QStringLiteral("Ana");
-    song.album = QStringLiteral("Weather");
-    song.comment = QStringLiteral("live");
-    song.genre = 17;
-    song.year = 1998;
-    return song;
-}
 
 // Opens `path` by the tool bar; the sound is on the disk already.
 void openByHand(FormFixture& fixture, const QString& path)

@@ -1,28 +1,13 @@
 // A recording handed over to the main window.
 #include "support/FormFixture.h"
 #include "support/Journal.h"
+#include "waveform/TaggedSong.h"
 
 #include "core/TimeText.h"
 #include "core/toolkit/FormHolder.h"
 #include "waveform/Form2.h"
 
 #include <QTest>
-
-namespace {
-
-FakeSound taggedSong()
-{
-    FakeSound song = fakeSound(10 * testRate);
-    song.title = QStringLiteral("Rain");
-    song.artist = QStringLiteral("Ana");
-    song.album = QStringLiteral("Weather");
-    song.comment = QStringLiteral("live");
-    song.genre = 17;
-    song.year = 1998;
-    return song;
-}
-
-}
 
 class win_recorded : public QObject {
     Q_OBJECT
