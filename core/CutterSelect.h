@@ -154,6 +154,7 @@ public:
     void Image14_MouseMove(Twips X);
     void Image14_MouseUp();
     void Picture5_MouseUp(Twips X);
+    void Picture5_KeyDown(int key);
     void Image15_Click();
     // ---- stepping and the position handle: CutterSelect_Position.cpp
     void Fwd1Sec_Click();

@@ -134,6 +134,7 @@ void CutterSelectControls::layWaveform()
     IndicTime.cursor = QCursor(Qt::SizeHorCursor);
 
     Picture5.place(px(618), px(8), px(87), px(20));
+    Picture5.setFocusPolicy(Qt::TabFocus);
     Picture5.setAccessibleName(QStringLiteral("Volume"));
     Picture5.background = [](QPainter& painter, QSizeF size) {
         painter.setRenderHint(QPainter::Antialiasing);
@@ -142,6 +143,8 @@ void CutterSelectControls::layWaveform()
         painter.drawRoundedRect(QRectF(2, 8.5, size.width() - 5, 3), 1.5, 1.5);
     };
     Picture5.Cls();
+    new FocusRing(Picture4, Picture1);
+    new FocusRing(Picture5, Picture5);
 }
 
 void CutterSelectControls::layStamps()

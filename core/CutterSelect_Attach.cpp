@@ -87,6 +87,7 @@ void CutterSelect::attachSurfaces()
     Image14.onMouseMove = guarded([this](int, int, Twips x, Twips) { Image14_MouseMove(x); });
     Image14.onMouseUp = guarded([this](int, int, Twips, Twips) { Image14_MouseUp(); });
     Picture5.onMouseUp = guarded([this](int, int, Twips x, Twips) { Picture5_MouseUp(x); });
+    Picture5.onKeyDown = guarded([this](int key) { Picture5_KeyDown(key); });
     connect(&MonScroll, &QScrollBar::valueChanged, this, guarded([this](int) { MonScroll_Change(); }));
 }
 

@@ -79,6 +79,8 @@ SoundFormat firstSound(PacketInput& input, const CodecSetup& setup, bool all, Pa
 /// A stream without a single packet is no fault: it holds no sound, and says so by a total of 0.
 SoundFormat formatOr(const SoundFormat& heard, const AVCodecParameters& told, std::int64_t packets)
 {
+    if (heard.rate > mostRate || told.sample_rate > mostRate)
+        throw EngineError(QStringLiteral("no sound has so high a sample rate"));
     if (heard.rate > 0) return heard;
     if (packets > 0 || told.sample_rate <= 0 || told.ch_layout.nb_channels <= 0)
         throw EngineError(QStringLiteral("there is no sound in this file"));

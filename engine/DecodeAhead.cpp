@@ -45,7 +45,8 @@ void DecodeAhead::run(std::stop_token stop)
 bool DecodeAhead::put(Block& block, std::stop_token stop)
 {
     std::unique_lock lock(mutex_);
-    if (!changed_.wait(lock, stop, [&] { return ready_.size() < mostReady; })) return false;
+    const bool hasRoom = changed_.wait(lock, stop, [&] { return ready_.size() < mostReady; });
+    if (!hasRoom || stop.stop_requested()) return false;
     ready_.push_back(std::move(block));
     block = Block();
     if (!spare_.empty()) {

@@ -5,6 +5,9 @@
 #include "core/AudioEngine.h"
 
 /// The form of a stretch of sound.
+/// Hz. No device goes beyond; a rate above it is damage, and a second of it might not fit into memory.
+constexpr int mostRate = 768'000;
+
 struct SoundFormat {
     int rate = 0;        ///< Hz
     int channels = 0;    ///< 1 or 2

@@ -23,7 +23,7 @@ void FfmpegDecoder::fill()
 {
     ready_.clear();
     at_ = 0;
-    while (!ended_ && (ready_.size() == 0 || ready_[ready_.size() - 1].samples.size() < blockElements)) {
+    while (!ended_ && ready_.elements() < blockElements) {
         ended_ = !input_->read(*packet_);
         decoder_.decode(ended_ ? nullptr : packet_.get(), &ready_);
     }

@@ -3,6 +3,8 @@
 #include "core/Errors.h"
 #include "engine/Preroll.h"
 
+#include <system_error>
+
 namespace {
 
 constexpr std::size_t waitingBatches = 2;    // beside those in work
@@ -30,8 +32,12 @@ PacketBatchDecoder::PacketBatchDecoder(std::unique_ptr<PacketInput> input, const
                                        const BatchPlan& plan)
     : setup_(setup), plan_(plan), input_(std::move(input))
 {
-    for (int i = 0; i < plan.threads; ++i)
-        threads_.emplace_back([this](std::stop_token stop) { work(stop); });
+    try {
+        for (int i = 0; i < plan.threads; ++i)
+            threads_.emplace_back([this](std::stop_token stop) { work(stop); });
+    } catch (const std::system_error&) {
+        if (threads_.empty()) throw;    // else those that could be started do the work
+    }
 }
 
 PacketBatchDecoder::~PacketBatchDecoder()
@@ -110,7 +116,8 @@ PacketBatchDecoder::Batch* PacketBatchDecoder::takeBatch(std::stop_token stop)
     {
         std::unique_lock lock(mutex_);
         const std::size_t most = plan_.threads + waitingBatches;
-        if (!moved_.wait(lock, stop, [&] { return batches_.size() < most; })) return nullptr;
+        const bool hasRoom = moved_.wait(lock, stop, [&] { return batches_.size() < most; });
+        if (!hasRoom || stop.stop_requested()) return nullptr;
         batch = spareBatch();
     }
     try {
@@ -141,9 +148,11 @@ void PacketBatchDecoder::readBatch(Batch& batch)
     batch.fault = nullptr;
     batch.blocks.clear();
     Packet packet(av_packet_alloc());
-    while (!batch.last && batch.packets.size() < batch.preroll + plan_.packets) {
+    std::size_t bytes = 0;
+    while (!batch.last && batch.packets.size() < batch.preroll + plan_.packets && bytes < plan_.bytes) {
         batch.last = !input_->read(*packet);
         if (batch.last) break;
+        bytes += static_cast<std::size_t>(packet->size);
         changed_ = changed_ || changesCodec(*packet);
         batch.packets.push_back(std::move(packet));
         packet.reset(av_packet_alloc());

@@ -16,7 +16,8 @@
 /// How the work is cut up. Changes the speed and the memory, never the sound.
 struct BatchPlan {
     int threads = 1;
-    std::size_t packets = 192;    ///< of a batch
+    std::size_t packets = 192;         ///< of a batch, at the most
+    std::size_t bytes = 256 * 1024;    ///< the same; packets may hold many frames each
 };
 
 class PacketBatchDecoder : public BlockSource {

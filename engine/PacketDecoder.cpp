@@ -39,6 +39,13 @@ SampleArray& BlockList::samplesFor(const SoundFormat& format)
     return block.samples;
 }
 
+std::size_t BlockList::elements() const
+{
+    std::size_t sum = 0;
+    for (std::size_t i = 0; i < used_; ++i) sum += blocks_[i].samples.size();
+    return sum;
+}
+
 PacketDecoder::PacketDecoder(const CodecSetup& setup) : frame_(av_frame_alloc())
 {
     av_log_set_level(AV_LOG_QUIET);

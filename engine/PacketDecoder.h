@@ -30,6 +30,7 @@ public:
     void clear() { used_ = 0; }
     std::size_t size() const { return used_; }
     Block& operator[](std::size_t i) { return blocks_[i]; }
+    std::size_t elements() const;    ///< of all blocks together
 
     /// Where sound of this form goes on: the last block if it is of this form, a new one otherwise.
     SampleArray& samplesFor(const SoundFormat& format);

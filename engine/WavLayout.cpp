@@ -53,7 +53,7 @@ int sampleBytes(const WavForm& form)
 
 bool takeForm(const WavForm& form, std::size_t bytes, WavLayout& layout)
 {
-    if (form.channels == 0 || form.rate == 0 || form.rate > 0x7fffffff) return false;
+    if (form.channels == 0 || form.rate == 0 || form.rate > mostRate) return false;
     const bool extensible = form.tag == extensibleTag && bytes >= extensibleBytes;
     const std::uint16_t tag = extensible ? form.subTag : form.tag;
     const int each = sampleBytes(form);

@@ -2,6 +2,7 @@
 // only as far as the file goes.
 #pragma once
 
+#include "engine/Decoder.h"
 #include "engine/SourceFile.h"
 
 #include <optional>

@@ -104,7 +104,7 @@ CodecSetup parseWaveForm(std::span<const std::uint8_t> bytes)
     }
     codec->codec_tag = tag;
     codec->codec_id = codecOf(tag, codec->bits_per_coded_sample);
-    if (codec->sample_rate <= 0 || isIrregular(tag, *codec)) return {};
+    if (codec->sample_rate <= 0 || codec->sample_rate > mostRate || isIrregular(tag, *codec)) return {};
     takeLayout(mask, AV_RL16(form + 2), *codec);
     takeExtra(own, *codec);
     return {codec, {1, codec->sample_rate}};

@@ -1,5 +1,7 @@
 #include "export/FileNameProposal.h"
 
+#include <algorithm>
+
 std::optional<QString> proposeFileName(const QString& title, const QString& sourcePath,
                                        std::int32_t partNumber, const QString& format)
 {

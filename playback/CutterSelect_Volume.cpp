@@ -49,6 +49,16 @@ void CutterSelect::Picture5_MouseUp(Twips X)
     Image14.setLeft(X + Image14.Width() <= Picture5.Width() ? X : farEnd);
 }
 
+// A key drags the knob by a twentieth of its track and lets it go.
+void CutterSelect::Picture5_KeyDown(int key)
+{
+    if (VolumeDrag) return;
+    const Twips step = Picture5.Width() / 20;
+    Image14_MouseDown(0);
+    Image14_MouseMove(key == Qt::Key_Left ? -step : step);
+    Image14_MouseUp();
+}
+
 void CutterSelect::Image15_Click()
 {
     if (Image15.picture() == mutedPicture) {

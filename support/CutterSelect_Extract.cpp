@@ -19,7 +19,7 @@ void CutterSelect::ExtractAudioFromAvi_Click()
         const QString source = cd1.FileName;
 
         const QString extension = OUTPUTFORMAT.toLower();
-        const QString proposal = source.chopped(3) + extension;
+        const QString proposal = source.chopped(std::min<qsizetype>(3, source.size())) + extension;
         cd1.FileName = proposal.section(QLatin1Char('/'), -1);
         cd1.DialogTitle = langText(69);
         cd1.Filter = langText(70) + QStringLiteral(" (*.%1)|*.%1").arg(extension);

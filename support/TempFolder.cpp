@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <map>
 #include <sys/file.h>
@@ -47,7 +48,8 @@ bool lock(const QString& folder)
     const QByteArray name = QFile::encodeName(folder + QLatin1Char('/') + lockName);
     const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (file < 0) return false;
-    if (::flock(file, LOCK_EX | LOCK_NB) == 0) return true;
+    // Some file systems have no locks: there the folder is taken as it is.
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return true;
     ::close(file);
     return false;
 }

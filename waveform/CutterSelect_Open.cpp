@@ -9,6 +9,8 @@
 #include "waveform/Form2.h"
 #include "waveform/PeakScan.h"
 
+#include <algorithm>
+
 void CutterSelect::OpenAudioFile_Click()
 {
     cd1.CancelError = true;

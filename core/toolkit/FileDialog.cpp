@@ -1,9 +1,13 @@
 #include "core/toolkit/FileDialog.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -47,6 +51,56 @@ void prepare(QFileDialog& dialog, const QString& title)
     dialog.resize(620, 420);
 }
 
+// The toolkit takes double quotes in the field for a list of names. A title may have them, and what stands in
+// the field is the name of one file.
+class SaveDialog : public QFileDialog {
+public:
+    explicit SaveDialog(const QString& title) : QFileDialog(QApplication::activeWindow())
+    {
+        prepare(*this, title);
+        setAcceptMode(QFileDialog::AcceptSave);
+        field_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        save_ = findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save);
+        save_->installEventFilter(this);
+        connect(field_, &QLineEdit::textChanged, this, &SaveDialog::keepSave);
+    }
+
+    // A name with a separator in it (a title such as "a/b") would be taken for a path by `selectFile`.
+    void propose(const QString& name) { field_->setText(name); }
+    QString path() const
+    {
+        return hasQuote() ? directory().absoluteFilePath(field_->text()) : selectedFiles().value(0);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == save_ && event->type() == QEvent::EnabledChange) keepSave();
+        return QFileDialog::eventFilter(watched, event);
+    }
+
+protected:
+    void accept() override
+    {
+        if (!hasQuote())
+            QFileDialog::accept();
+        else if (QFileInfo(path()).isDir())
+            setDirectory(path());
+        else
+            QDialog::accept();
+    }
+
+private:
+    // The button goes off where the toolkit sees no name between the quotes.
+    void keepSave()
+    {
+        if (hasQuote()) save_->setEnabled(true);
+    }
+    bool hasQuote() const { return field_->text().contains(QLatin1Char('"')); }
+
+    QLineEdit* field_;
+    QPushButton* save_;
+};
+
 std::optional<QString> run(QFileDialog& dialog)
 {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
@@ -67,15 +121,13 @@ std::optional<QString> askForOpen(const QString& title, const FileFilter& filter
 
 std::optional<QString> askForSave(const QString& title, const FileFilter& filter, const QString& name)
 {
-    QFileDialog dialog(QApplication::activeWindow());
-    prepare(dialog, title);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    SaveDialog dialog(title);
     dialog.setNameFilter(filterRow(filter));
     dialog.selectFile(name);
-    // A name with a separator in it (a title such as "a/b") would be taken for a path and leave the field
-    // empty.
-    if (auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) field->setText(name);
-    return run(dialog);
+    dialog.propose(name);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    lastFolder() = dialog.directory().absolutePath();
+    return dialog.path();
 }
 
 std::optional<QString> askForFolder(const QString& title)

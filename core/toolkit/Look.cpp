@@ -34,7 +34,8 @@ QLineEdit:disabled, QComboBox:disabled, QSpinBox:disabled { border-color: #D3DBE
 QComboBox::drop-down { width: 20px; border: none; }
 QComboBox::down-arrow { image: url(:/quillon/icons/spin-down.svg); width: 9px; height: 9px; }
 QComboBox QAbstractItemView { background: #FFFFFF; border: 1px solid #D3DBEF; selection-background-color: #DCE7FF; selection-color: #14203F; outline: none; }
-QTreeWidget { background: #FFFFFF; border: none; outline: none; color: #1E2740; }
+QTreeWidget { background: #FFFFFF; border: 1px solid #FFFFFF; border-radius: 5px; outline: none; color: #1E2740; }
+QTreeWidget:focus { border-color: #2F5FD0; }
 QTreeWidget::item { height: 23px; border: none; }
 QTreeWidget::item:selected { background: #DCE7FF; color: #14203F; }
 QHeaderView { background: #FFFFFF; border: none; }

@@ -208,3 +208,28 @@ void Card::paintEvent(QPaintEvent*)
     top.addRect(QRectF(box.left(), box.top(), box.width(), 10));
     painter.drawPath(path.united(top));
 }
+
+FocusRing::FocusRing(const QWidget& around, QWidget& focused) : QWidget(around.parentWidget())
+{
+    constexpr int reach = 1;
+    setGeometry(around.geometry().adjusted(-reach, -reach, reach, reach));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+    lower();
+    focused.installEventFilter(this);
+}
+
+bool FocusRing::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn) show();
+    if (event->type() == QEvent::FocusOut) hide();
+    return false;
+}
+
+void FocusRing::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(look::accent);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}

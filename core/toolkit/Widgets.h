@@ -93,5 +93,18 @@ private:
     bool isSquareAtTop_;
 };
 
+/// A line round a widget that shows where the keyboard goes: seen while `focused` has the focus. It lies
+/// behind the widget, so nothing that is painted or scrolled there is covered.
+class FocusRing : public QWidget {
+    Q_OBJECT
+
+public:
+    FocusRing(const QWidget& around, QWidget& focused);
+    bool eventFilter(QObject* focused, QEvent* event) override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 /// Puts a widget at a place in logical pixels.
 void put(QWidget& widget, const QString& name, QRectF placePx);

@@ -66,13 +66,6 @@ inline void pressHandle(CutterSelect& form, int index, Qt::MouseButton button = 
     pressAt(form.Picture1, handle.Left() + insideHandle, handle.Top() + insideHandle, button);
 }
 
-/// Makes the form the active window; a progress dialog that has gone may have been it.
-inline void activate(CutterSelect& form)
-{
-    form.activateWindow();
-    QVERIFY(QTest::qWaitFor([&] { return QApplication::activeWindow() == &form; }));
-}
-
 /// A form with the song open, cut at these samples.
 struct Cutting {
     FormFixture fixture;

@@ -1,5 +1,6 @@
 // Decoding on several threads gives what one decoder gives, whatever the batches and the faults in the file.
 #include "engine/CompressedFile.h"
+#include "engine/DecodeAhead.h"
 #include "engine/FfmpegDecoder.h"
 #include "engine/PacketBatchDecoder.h"
 #include "tests/engine/ReadingFixtures.h"
@@ -15,6 +16,9 @@ private slots:
     void damagedFilesGiveTheSoundOfOneDecoder();
     void theFormsOfTheBlocksFollowTheFile();
     void aPassCanBeGivenUpAtAnyBlock();
+    void aFaultInTheFileReachesTheReaderBehindTheSoundBeforeIt_data();
+    void aFaultInTheFileReachesTheReaderBehindTheSoundBeforeIt();
+    void batchesAreBoundedInBytesToo();
 
 private:
     SoundFolder files_;
@@ -126,6 +130,79 @@ void tst_read_parallel::aPassCanBeGivenUpAtAnyBlock()
         Block block;
         for (int i = 0; i < blocks; ++i) QVERIFY(decoder.next(block));
     }
+}
+
+// A file that can't be read any further after some packets.
+class FaultyInput : public PacketInput {
+public:
+    FaultyInput(std::unique_ptr<PacketInput> input, int packets) : input_(std::move(input)), left_(packets) {}
+
+    bool read(AVPacket& packet) override
+    {
+        if (left_-- == 0) throw EngineError("the disk is gone");
+        return input_->read(packet);
+    }
+
+private:
+    std::unique_ptr<PacketInput> input_;
+    int left_;
+};
+
+static std::unique_ptr<BlockSource> passOver(const CompressedFile& file, int goodPackets, bool isInBatches)
+{
+    auto input = std::make_unique<FaultyInput>(openPackets(file), goodPackets);
+    if (isInBatches)
+        return std::make_unique<PacketBatchDecoder>(std::move(input), file.codec, BatchPlan{2, 10});
+    return std::make_unique<DecodeAhead>(std::make_unique<FfmpegDecoder>(std::move(input), file.codec));
+}
+
+void tst_read_parallel::aFaultInTheFileReachesTheReaderBehindTheSoundBeforeIt_data()
+{
+    QTest::addColumn<bool>("isInBatches");
+    QTest::addRow("in batches") << true;
+    QTest::addRow("on one thread ahead") << false;
+}
+
+void tst_read_parallel::aFaultInTheFileReachesTheReaderBehindTheSoundBeforeIt()
+{
+    QFETCH(bool, isInBatches);
+    const CompressedFile file = inspect(files_.make("lame --quiet -b 128 a.wav x.mp3"));
+    const SampleArray whole = inOnePass(file);
+    const auto pass = passOver(file, 200, isInBatches);
+    SampleArray heard;
+    Block block;
+    const auto readOn = [&] {
+        while (pass->next(block)) heard.insert(heard.end(), block.samples.begin(), block.samples.end());
+    };
+    QVERIFY_EXCEPTION_THROWN(readOn(), EngineError);
+    QVERIFY(heard.size() > whole.size() / 4 && heard.size() < whole.size());
+    QVERIFY(std::equal(heard.begin(), heard.end(), whole.begin()));
+    QVERIFY(!pass->next(block));
+}
+
+// Counts how far ahead of its reader a pass reads the file.
+void tst_read_parallel::batchesAreBoundedInBytesToo()
+{
+    struct Counter : PacketInput {
+        std::unique_ptr<PacketInput> input;
+        std::atomic<int>& packets;
+        Counter(std::unique_ptr<PacketInput> from, std::atomic<int>& count)
+            : input(std::move(from)), packets(count)
+        {}
+        bool read(AVPacket& packet) override { return ++packets, input->read(packet); }
+    };
+    const CompressedFile file = inspect(files_.make("lame --quiet -b 320 a.wav x.mp3"));
+    std::atomic<int> packets = 0;
+    PacketBatchDecoder decoder(std::make_unique<Counter>(openPackets(file), packets), file.codec,
+                               {1, 1000, 4096});
+    Block block;
+    QVERIFY(decoder.next(block));
+    // Five batches at the most: one delivered, one in work, two that wait, one that is being read.
+    QVERIFY2(packets <= 5 * 4, qPrintable(QString::number(packets)));
+    SampleArray all = block.samples;
+    const SampleArray rest = drain(decoder);
+    all.insert(all.end(), rest.begin(), rest.end());
+    QCOMPARE(firstDifference(all, inOnePass(file)), -1);
 }
 
 QTEST_GUILESS_MAIN(tst_read_parallel)

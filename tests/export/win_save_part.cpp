@@ -145,9 +145,7 @@ void win_save_part::theKeyOfTheSelectionSavesIt()
 {
     Saving saving("WAV");
     saving.select(1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);    // the progress dialog was active
-    saving.form.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&saving.form));
+    activate(saving.form);
     saving.fixture.dialogs.files.push_back("/out/part");
     QTest::keyClick(&saving.form.Picture1, Qt::Key_S, Qt::ControlModifier);
     QVERIFY(saving.written() == saving.stretch(0, 3000));

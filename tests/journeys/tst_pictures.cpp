@@ -9,6 +9,7 @@
 #include "encoders/frmWMA.h"
 #include "support/About.h"
 #include "support/LameEncoder.h"
+#include "support/Mouse.h"
 #include "waveform/Form2.h"
 
 #include <QAbstractButton>
@@ -52,6 +53,8 @@ void tst_pictures::load(Journey& journey)
     journey.open(song);
     for (const int second : {3, 8, 15}) journey.cutAt(second * 44100);
     journey.selectRow(2);
+    activate(journey.form());
+    journey.form().Picture1.setFocus();
 }
 
 // What is shortened or cut off is named in the failure.

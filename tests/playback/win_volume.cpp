@@ -59,6 +59,10 @@ private slots:
     void mutingAgainRestoresTheVolumeOfTheKnob();
     void mutingAgainRestoresFullVolumeAfterAPullToTheTop();
     void movingTheKnobDoesNotUnmute();
+    void theArrowKeysMoveTheKnobByATwentiethOfTheTrack();
+    void theRightArrowAtTheTopIsFullVolume();
+    void theLeftArrowAtTheBottomIsVolumeZero();
+    void theArrowKeysDoNotDisturbADrag();
     void aFaultOfThePlayerReachesTheWall();
 };
 
@@ -223,6 +227,49 @@ void win_volume::movingTheKnobDoesNotUnmute()
     drag(form.Picture5, knob(form), knob(form) - QPointF(20, 0));
     QCOMPARE(volumes().last(), volumeAt(farEnd - 300).first());
     QCOMPARE(form.Image15.picture(), muted);
+}
+
+void win_volume::theArrowKeysMoveTheKnobByATwentiethOfTheTrack()
+{
+    FormFixture fixture;
+    auto& form = loaded(fixture);
+    form.Picture5.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&form.Picture5, Qt::Key_Left);
+    QTest::keyClick(&form.Picture5, Qt::Key_Left);
+    QTest::keyClick(&form.Picture5, Qt::Key_Right);
+    QCOMPARE(form.Image14.Left(), farEnd - trackWidth / 20);
+    QCOMPARE(volumes(), volumeAt(farEnd - trackWidth / 20) + volumeAt(farEnd - trackWidth / 10) +
+                            volumeAt(farEnd - trackWidth / 20));
+}
+
+void win_volume::theRightArrowAtTheTopIsFullVolume()
+{
+    FormFixture fixture;
+    auto& form = loaded(fixture);
+    QTest::keyClick(&form.Picture5, Qt::Key_Right);
+    QCOMPARE(form.Image14.Left(), farEnd);
+    QCOMPARE(volumes(), (QStringList{"AudioPlayer.SetVolume 65535"}));
+}
+
+void win_volume::theLeftArrowAtTheBottomIsVolumeZero()
+{
+    FormFixture fixture;
+    auto& form = loaded(fixture);
+    for (int i = 0; i < 20; ++i) QTest::keyClick(&form.Picture5, Qt::Key_Left);
+    QCOMPARE(form.Image14.Left(), 0.0f);
+    QCOMPARE(volumes().last(), QStringLiteral("AudioPlayer.SetVolume 0"));
+}
+
+void win_volume::theArrowKeysDoNotDisturbADrag()
+{
+    FormFixture fixture;
+    auto& form = loaded(fixture);
+    const QPointF at = knob(form);
+    pressAt(form.Picture5, at);
+    QTest::keyClick(&form.Picture5, Qt::Key_Left);
+    QCOMPARE(form.Image14.Left(), farEnd);
+    releaseAt(form.Picture5, at - QPointF(40, 0));
+    QVERIFY(!form.VolumeDrag);
 }
 
 void win_volume::aFaultOfThePlayerReachesTheWall()

@@ -1,4 +1,5 @@
-// The mouse as a hand moves it: a press, moves with the button held, a release; and presses on the tool bar.
+// The mouse as a hand moves it: a press, moves with the button held, a release; presses on the tool bar; and
+// the window that takes the keys.
 #pragma once
 
 #include "core/toolkit/Menus.h"
@@ -43,4 +44,13 @@ inline void pressButton(Toolbar& bar, int index)
 {
     QWidget* button = bar.widgetForAction(&bar.Buttons(index));
     QTest::mouseClick(button, Qt::LeftButton, {}, button->rect().center());
+}
+
+/// Makes the window the active one; a progress dialog that has gone may have been it.
+inline void activate(QWidget& window)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window.activateWindow();
+    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }))
+        qFatal("the window stays inactive");
 }
