@@ -7,6 +7,7 @@
 #include "core/Declaration.h"
 #include "core/Errors.h"
 #include "core/toolkit/Dialogs.h"
+#include "cutpoints/BoundaryMoves.h"
 #include "cutpoints/CutRules.h"
 
 #include <QMainWindow>
@@ -268,6 +269,8 @@ private:
     void dragMarkerTo(int index, Twips n);
     void showDragTime(int index, std::int32_t sample);
     // ---- Boundaries
+    void moveStart(std::int32_t step, BoundaryRule rule);
+    void moveEnd(std::int32_t step, BoundaryRule rule);
     void applyStartMove(int row, std::int32_t to);
     void applyEndMove(int row, std::int32_t to);
     void finishMove(std::int32_t from, std::int32_t to);

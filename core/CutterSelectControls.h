@@ -71,16 +71,16 @@ struct CutterSelectControls {
                                 QKeySequence("Ctrl+,")};
 
     Menu Language{menuBar, "Language", "Language"};
-    MenuEntry English{Language, "English", "English"};
-    MenuEntry Francais{Language, "Francais", "Francais"};
-    MenuEntry spanish{Language, "spanish", "Español"};
-    MenuEntry portugais{Language, "portugais", "Português"};
+    MenuEntry English{Language, "English", "English", QKeySequence("Ctrl+F5")};
+    MenuEntry Francais{Language, "Francais", "Francais", QKeySequence("Ctrl+F6")};
+    MenuEntry spanish{Language, "spanish", "Español", QKeySequence("Ctrl+F7")};
+    MenuEntry portugais{Language, "portugais", "Português", QKeySequence("Ctrl+F8")};
 
     Menu infos{menuBar, "infos", "Information"};
-    MenuEntry Help{infos, "Help", "Help"};
-    MenuEntry Homepage{infos, "Homepage", "Homepage"};
+    MenuEntry Help{infos, "Help", "Help", QKeySequence("F1")};
+    MenuEntry Homepage{infos, "Homepage", "Homepage", QKeySequence("Shift+F1")};
     MenuEntry sep12{infos, "sep12"};
-    MenuEntry about{infos, "about", "About"};
+    MenuEntry about{infos, "about", "About", QKeySequence("Ctrl+F1")};
 
     // ---- tool row
     Toolbar Toolbar1{&area, "Toolbar1", {3, 1, 458, 34}};

@@ -142,7 +142,9 @@ void CutterSelect::attachKeys()
     Image20.setAccessibleName(QStringLiteral("Arrow"));    // the language files have no text for it
     for (QWidget* widget : findChildren<QWidget*>())
         if (widget->focusPolicy() != Qt::NoFocus && widget != &Picture1) widget->installEventFilter(this);
+    for (MenuEntry* step : {&Rew1Sec, &Fwd1Sec}) step->setAutoRepeat(true);
     auto* space = new QShortcut(QKeySequence(Qt::Key_Space), this);
+    space->setAutoRepeat(false);
     connect(space, &QShortcut::activated, this, guarded([this] { ToolbarCommand(IsPlaying ? 11 : 10); }));
 }
 
@@ -153,8 +155,7 @@ bool keepsKey(const QObject* widget, const QKeyEvent& key)
 {
     if (qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget)) return true;
     if (key.modifiers() & ~Qt::KeypadModifier) return false;
-    if (qobject_cast<const QAbstractButton*>(widget)) return key.key() == Qt::Key_Space;
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    return qobject_cast<const QAbstractButton*>(widget) && key.key() == Qt::Key_Space;
 }
 
 }

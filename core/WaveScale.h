@@ -11,7 +11,7 @@ inline double xOfSample(double width, std::int32_t total, double sample)
 }
 
 /// The same, as stored in a line or an image.
-inline Twips twipsOfSample(Twips width, std::int32_t total, std::int32_t sample)
+inline Twips twipsOfSample(Twips width, std::int32_t total, double sample)
 {
     return static_cast<Twips>(xOfSample(width, total, sample));
 }

@@ -15,3 +15,5 @@ std::int32_t earlierStart(const Boundaries& b, std::int32_t row, std::int32_t st
 std::int32_t laterStart(const Boundaries& b, std::int32_t row, std::int32_t step);
 std::int32_t earlierEnd(const Boundaries& b, std::int32_t row, std::int32_t step);
 std::int32_t laterEnd(const Boundaries& b, std::int32_t row, std::int32_t step);
+
+using BoundaryRule = std::int32_t (*)(const Boundaries& b, std::int32_t row, std::int32_t step);

@@ -7,60 +7,48 @@
 #include "support/LameLibrary.h"
 
 #include <algorithm>
+#include <utility>
 
 using Column = PartsListView::Column;
 
-namespace {
-
-// The boundary that a move changes, and what the move does to it.
-std::int32_t moveCut(std::size_t index, std::int32_t row, std::int32_t step,
-                     std::int32_t (*rule)(const Boundaries&, std::int32_t, std::int32_t))
+void CutterSelect::moveStart(std::int32_t step, BoundaryRule rule)
 {
-    const std::int32_t from = CutPoints.at(index);
-    CutPoints.at(index) = rule({CutPoints, CutCount, TotalSamples}, row, step);
-    return from;
+    const int row = ListView1.selectedRow();
+    if (row == 0) return ClearPartDetails();
+    std::int32_t& cut = CutPoints.at(static_cast<std::size_t>(row - 1));
+    const std::int32_t from = std::exchange(cut, rule({CutPoints, CutCount, TotalSamples}, row, step));
+    applyStartMove(row, cut);
+    finishMove(from, cut);
 }
 
+void CutterSelect::moveEnd(std::int32_t step, BoundaryRule rule)
+{
+    const int row = ListView1.selectedRow();
+    if (row == 0) return ClearPartDetails();
+    std::int32_t& cut = CutPoints.at(static_cast<std::size_t>(row));
+    const std::int32_t from = std::exchange(cut, rule({CutPoints, CutCount, TotalSamples}, row, step));
+    applyEndMove(row, cut);
+    finishMove(from, cut);
 }
 
 void CutterSelect::MoveStartEarlier(std::int32_t step)
 {
-    const int row = ListView1.selectedRow();
-    if (row == 0) return ClearPartDetails();
-    const auto index = static_cast<std::size_t>(row - 1);
-    const std::int32_t from = moveCut(index, row, step, earlierStart);
-    applyStartMove(row, CutPoints.at(index));
-    finishMove(from, CutPoints.at(index));
+    moveStart(step, earlierStart);
 }
 
 void CutterSelect::MoveStartLater(std::int32_t step)
 {
-    const int row = ListView1.selectedRow();
-    if (row == 0) return ClearPartDetails();
-    const auto index = static_cast<std::size_t>(row - 1);
-    const std::int32_t from = moveCut(index, row, step, laterStart);
-    applyStartMove(row, CutPoints.at(index));
-    finishMove(from, CutPoints.at(index));
+    moveStart(step, laterStart);
 }
 
 void CutterSelect::MoveEndEarlier(std::int32_t step)
 {
-    const int row = ListView1.selectedRow();
-    if (row == 0) return ClearPartDetails();
-    const auto index = static_cast<std::size_t>(row);
-    const std::int32_t from = moveCut(index, row, step, earlierEnd);
-    applyEndMove(row, CutPoints.at(index));
-    finishMove(from, CutPoints.at(index));
+    moveEnd(step, earlierEnd);
 }
 
 void CutterSelect::MoveEndLater(std::int32_t step)
 {
-    const int row = ListView1.selectedRow();
-    if (row == 0) return ClearPartDetails();
-    const auto index = static_cast<std::size_t>(row);
-    const std::int32_t from = moveCut(index, row, step, laterEnd);
-    applyEndMove(row, CutPoints.at(index));
-    finishMove(from, CutPoints.at(index));
+    moveEnd(step, laterEnd);
 }
 
 void CutterSelect::applyStartMove(int row, std::int32_t to)

@@ -32,7 +32,7 @@ void CutterSelect::addCut(Twips x)
 {
     ++CutCount;
     const auto i = static_cast<std::size_t>(CutCount);
-    PartTable.resize(i + 2);
+    PartTable.resize(i + 2);    // Kept: one more than a delete leaves
     CutPoints.at(i) = sampleOfX(Picture1.Width(), TotalSamples, x);
     PartTable.at(0).StartSample = 0;
     PartTable.at(i).StartSample = CutPoints.at(i);
@@ -61,12 +61,13 @@ void CutterSelect::DeleteEntryCutPoint_Click()
         ClearPartDetails();
         PartTable.at(0).Title.clear();
         Picture2.hide();
-        return;
+        return;    // Kept: the selection keeps its values
     }
     SelectedPart = FindPartAt(Picture2.Left());    // the part before the cut, now longer
     SelectPart();
 }
 
+// Kept: the fields of the selected part are not cleared.
 void CutterSelect::Image21_Click()
 {
     if (CutCount == 0 || MsgBox(langText(77), Icon::Question, Buttons::YesNo) != Answer::Yes) return;

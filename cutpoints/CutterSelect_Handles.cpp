@@ -1,5 +1,5 @@
-// Dragging the handle of a cut. A handle stands at x - 25 when it is made and at x - 30 while it is dragged,
-// and the pointer is read as Left + X + 30.
+// Dragging the handle of a cut. Kept: a handle stands at x - 25 when it is made and at x - 30 while it is
+// dragged, and the pointer is read as Left + X + 30.
 #include "core/CutterSelect.h"
 
 #include "core/TimeText.h"
@@ -36,8 +36,8 @@ void CutterSelect::Bop_MouseDown(int index, int button, int, Twips X, Twips)
     DragStartX = toLong(X);
 }
 
-// A handle pressed here has no release of its own, so the drag goes on over the handles of the waveform until
-// one of them is released.
+// Kept: a handle pressed here has no release of its own, so the drag goes on over the handles of the waveform
+// until one of them is released.
 void CutterSelect::Bop1_MouseDown(int index, int button, int shift, Twips X, Twips Y)
 {
     if (!Picture2.isHidden()) Picture2.hide();
@@ -74,10 +74,12 @@ void CutterSelect::dragMarkerTo(int index, Twips n)
     Line5b(index).setX(n);
     const std::int32_t s = sampleOfX(Picture1.Width(), TotalSamples, Line5(index).X1());
 
-    const auto known = std::span(CutPoints).first(static_cast<std::size_t>(CutCount) + 1);
+    // The start of the file, entry 0 of both, is not the cut's even where the cut stands there.
+    const auto known = std::span(CutPoints).subspan(1, static_cast<std::size_t>(CutCount));
     if (const auto cut = std::ranges::find(known, BopSample); cut != known.end()) *cut = s;
-    const auto part = std::ranges::find(PartTable, BopSample, &PartRecord::StartSample);
-    if (part != PartTable.end()) part->StartSample = s;    // the title stays with its cut
+    const auto records = std::span(PartTable).subspan(1);
+    const auto part = std::ranges::find(records, BopSample, &PartRecord::StartSample);
+    if (part != records.end()) part->StartSample = s;    // the title stays with its cut
     BopSample = s;
     Bop(index).Tag = QString::number(s);
 

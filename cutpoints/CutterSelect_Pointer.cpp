@@ -24,7 +24,7 @@ void CutterSelect::Picture1_MouseDown(int button, int, Twips X, Twips Y)
     } else if (Y <= barTop) {
         ClearPartDetails();
         if (ToolMode == 1) {
-            ClearPartDetails();
+            ClearPartDetails();    // Kept: once more
             SetPosition(X);
         } else if (ToolMode == scissors && X > 0 && X < Picture1.Width()) {
             addCutByPointer(X, false);
@@ -60,15 +60,16 @@ void CutterSelect::Picture1_MouseMove(int, int, Twips, Twips Y)
 {
     if (!FileLoaded) return;
     const double dpr = devicePixelRatioF();
-    if (Y <= barTop)
+    if (ToolMode == scissors && Y != rulerBottom && Y < barTop) {
+        const QCursor tool =
+            customCursor(Y < rulerBottom ? QStringLiteral("CURSEUR") : QStringLiteral("CUTTERZ"), dpr);
+        Picture1.setMousePointer(tool);
+        Picture3.setMousePointer(tool);
+    } else if (Y <= barTop) {
         Picture1.setDefaultPointer();
-    else
+    } else {
         Picture1.setMousePointer(customCursor(QStringLiteral("SELECTION"), dpr));
-    if (ToolMode != scissors || Y == rulerBottom || Y >= barTop) return;
-    const QCursor tool =
-        customCursor(Y < rulerBottom ? QStringLiteral("CURSEUR") : QStringLiteral("CUTTERZ"), dpr);
-    Picture1.setMousePointer(tool);
-    Picture3.setMousePointer(tool);
+    }
 }
 
 void CutterSelect::Picture1_MouseUp()
@@ -100,8 +101,8 @@ void CutterSelect::Picture3_MouseDown(int, int, Twips X, Twips)
         if (X > 0 && X < Picture1.Width()) addCutByPointer(X, true);
     } else if (ToolMode == 1) {
         ClearPartDetails();
-        SetPosition(
-            X);    // Kept: the part stays selected, so a play still plays it although nothing shows it
+        // Kept: the part stays selected, so a play still plays it although nothing shows it.
+        SetPosition(X);
     }
 }
 

@@ -11,6 +11,8 @@ void copySamples(AudioFile& reader, AudioFile& writer, std::int32_t length,
     for (;;) {
         const double remaining = length - position;
         const auto block = remaining < copyBlock ? toLong(remaining) : copyBlock;
+        // Kept: the last read is one of 0 samples, thrown away; and a reader that gives nothing before the
+        // end keeps the loop going until it is told to stop.
         const SampleArray buffer = reader.ReadArray(block);
         if (position >= length) return;
         writer.WriteArray(buffer);

@@ -34,8 +34,8 @@ void CutterSelect::ApplyOggSettings()
 
 void CutterSelect::applyWmaSettings()
 {
-    FileWenc->SetFormatWMA(
-        defaultWmaProfile);    // the writer is in WMA mode before the stored profile is given
+    // Kept: the writer is in WMA mode before the stored profile is given.
+    FileWenc->SetFormatWMA(defaultWmaProfile);
     const QString number = IniRead(IniPath, QStringLiteral("WMA"), QStringLiteral("Num"));
     FileWenc->SetFormatWMA(number.isEmpty() ? defaultWmaProfile : parseLong(number));
 }

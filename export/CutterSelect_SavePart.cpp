@@ -88,6 +88,8 @@ QString CutterSelect::askForTarget(const QString& format, std::int32_t start)
     const QString title = part == PartTable.end() ? QString() : part->Title;
     const auto number = static_cast<std::int32_t>(part - PartTable.begin()) + 1;
     if (const auto proposal = proposeFileName(title, CurrentFile, number, format)) cd1.FileName = *proposal;
+    // Kept: whether a Cancel is told is left as an open or an extraction has set it. Before the first of them
+    // a Cancel goes on under the bare name that is proposed.
     cd1.DialogTitle = langText(84) + cd1.FileName;
     const QString pattern = QStringLiteral("*.") + format.toLower();
     cd1.Filter = langText(70) + QStringLiteral(" (") + pattern + QStringLiteral(")|") + pattern;
@@ -100,6 +102,7 @@ void CutterSelect::setUpWriter(const QString& format)
     if (format == QLatin1String("WAV")) FileWenc->SetFormatPCM(44100, 2, 16);
     if (format == QLatin1String("MP3")) {
         ApplyMp3Settings();
+        // Kept: given once more, although the settings have just given it.
         FileWenc->SetFormatMP3Ex(*MP3LameEncoderMain);
     }
     if (format == QLatin1String("OGG")) ApplyOggSettings();

@@ -143,7 +143,7 @@ void CutterSelect::positionToStart()
     Label2.setText(QString::fromLatin1(zeroTime));
 }
 
-// The stream goes on from another place. A part in play keeps its count, so it plays on for the rest of its
+// The stream goes on from another place. Kept: a part in play keeps its count, so it plays on for the rest of its
 // length. There is no stream where the device couldn't be opened: the reader is closed and `IsPlaying` is
 // still set.
 void CutterSelect::reposition(std::int32_t sample)

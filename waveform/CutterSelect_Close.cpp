@@ -5,6 +5,7 @@
 #include "core/toolkit/Events.h"
 #include "waveform/ZoomSteps.h"
 
+// Kept: the zoom level and the tags stay as they are, for the next file.
 void CutterSelect::CloseAudioFile_Click()
 {
     if (Scanning) return;

@@ -150,7 +150,7 @@ void CutterSelect::showScanProgress(std::int16_t percent, bool isRecording)
         giveWay();
         return;
     }
-    if (percent == ProgressForm->ProgressBar1()) return;    // Cancel is only heard when the percentage moves
+    if (percent == ProgressForm->ProgressBar1()) return;    // Kept: Cancel is only heard when it moves
     ProgressForm->setProgressBar1(percent);
     StatusBar1.Panels(1).setText(langText(72) + QString::number(percent) + QStringLiteral(" %"));
     ProgressForm->Label2.setText(langText(74) + QString::number(percent) + QStringLiteral(" %"));
@@ -170,7 +170,7 @@ void CutterSelect::failScan(bool isRecording)
     }
 }
 
-// The work file is the document from here on; after a Cancel it is as long as it got. Where an open has
+// The work file is the document from here on; after a Cancel it is as long as it got. Kept: where an open has
 // failed and there is the work file of an earlier one, that sound becomes the document; where there is none,
 // the error leaves.
 void CutterSelect::finishScan(bool isRecording)

@@ -20,6 +20,7 @@ MenuEntry::MenuEntry(Menu& menu, const QString& name, const QString& caption, co
     setObjectName(name);
     setSeparator(caption.isEmpty());
     setShortcut(shortcut);
+    setAutoRepeat(false);    // a key held down would delete cut after cut
     menu.addAction(this);
 }
 

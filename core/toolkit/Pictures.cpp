@@ -5,6 +5,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <map>
+
 // The drawings lie in a static library, which hands them over only when asked.
 void loadDrawings()
 {
@@ -85,11 +87,22 @@ QIcon icon(const QString& name)
     return QIcon(new DrawingEngine(name));
 }
 
-QCursor customCursor(const QString& name, double dpr)
+namespace {
+
+QCursor makeCursor(const QString& name, double dpr)
 {
     const QPixmap picture =
         render(QStringLiteral(":/quillon/cursors/%1.svg").arg(name.toLower()), QSize(24, 24), dpr);
     if (name == QLatin1String("SELECTION")) return QCursor(picture, 10, 2);    // tip of the finger
     if (name == QLatin1String("CURSEUR")) return QCursor(picture, 11, 11);
     return QCursor(picture, 12, 2);    // tip of the blades
+}
+
+}
+
+QCursor customCursor(const QString& name, double dpr)
+{
+    static std::map<std::pair<QString, double>, QCursor> made;    // asked for at every move of the mouse
+    const auto known = made.find({name, dpr});
+    return known != made.end() ? known->second : made[{name, dpr}] = makeCursor(name, dpr);
 }

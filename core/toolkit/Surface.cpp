@@ -27,6 +27,8 @@ int shiftOf(Qt::KeyboardModifiers keys)
            (keys & Qt::AltModifier ? 4 : 0);
 }
 
+const Surface* pressedLast = nullptr;    // for comparison alone
+
 }
 
 Surface::Surface(QWidget* parent, const QString& name, QColor backColor)
@@ -236,9 +238,14 @@ void Surface::mousePressEvent(QMouseEvent* event)
 {
     lastPress_ = event->globalPosition().toPoint();
     if (focusPolicy() & Qt::ClickFocus) setFocus(Qt::MouseFocusReason);
-    const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
+    if (event->buttons() != event->button() && grabber_) return;    // another button, in the middle of a drag
+    pressedLast = this;
+    // The last whole pixel reaches beyond a width that is not one.
+    const double x = std::min<double>(event->position().x() * twipsPerPixel, width_);
+    const double y = event->position().y() * twipsPerPixel;
     GraphicImage* image = imageAt(x, y);
     grabber_ = image;
+    grabButton_ = event->button();
     isPressed_ = true;
     const int button = buttonOf(event->button()), shift = shiftOf(event->modifiers());
     if (!image) {
@@ -254,7 +261,10 @@ void Surface::mouseMoveEvent(QMouseEvent* event)
     const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
     // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own,
     // and so does one whose release went to a menu.
-    if (event->buttons() == Qt::NoButton) isPressed_ = false;
+    if (event->buttons() == Qt::NoButton) {
+        isPressed_ = false;
+        grabber_ = nullptr;
+    }
     GraphicImage* image = grabber_ ? grabber_ : isPressed_ ? nullptr : imageAt(x, y);
     const int button = event->buttons() & Qt::LeftButton    ? leftButton
                        : event->buttons() & Qt::RightButton ? rightButton
@@ -271,6 +281,7 @@ void Surface::mouseMoveEvent(QMouseEvent* event)
 
 void Surface::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (grabber_ && event->button() != grabButton_) return;
     const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
     GraphicImage* image = std::exchange(grabber_, nullptr);
     isPressed_ = false;
@@ -284,10 +295,11 @@ void Surface::mouseReleaseEvent(QMouseEvent* event)
 }
 
 // The toolkit's own answer would run the press handler a second time. A handle takes it as a press all the
-// same.
+// same; so does a surface that had the second press alone, since the first hid the one that lay over it.
 void Surface::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (imageAt(event->position().x() * twipsPerPixel, event->position().y() * twipsPerPixel))
+    if (pressedLast != this ||
+        imageAt(event->position().x() * twipsPerPixel, event->position().y() * twipsPerPixel))
         mousePressEvent(event);
     else if (onDblClick)
         onDblClick();
@@ -314,6 +326,7 @@ bool Surface::event(QEvent* event)
 
 void Surface::setMousePointer(const QCursor& cursor)
 {
+    if (pointer_ == cursor && this->cursor() == cursor) return;
     pointer_ = cursor;
     setCursor(cursor);
 }

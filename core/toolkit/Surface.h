@@ -78,7 +78,8 @@ private:
     QImage cleared_;    // what `Cls` leaves behind where there is a background
     std::vector<GraphicItem*> items_;
     GraphicImage* grabber_ = nullptr;    // the image that was pressed, until the release
-    bool isPressed_ = false;             // between a press on this surface and its release
+    Qt::MouseButton grabButton_ = Qt::NoButton;
+    bool isPressed_ = false;    // between a press on this surface and its release
     QCursor pointer_;
     QPoint lastPress_;
 };

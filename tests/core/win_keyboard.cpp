@@ -1,53 +1,8 @@
-// The keyboard: shortcuts, what a text field keeps for itself, the tab order, and that one sees where the
-// focus is.
+// The keyboard: the tab order, and that one sees where the focus is.
+#include "core/KeyboardForm.h"
 #include "core/toolkit/Application.h"
-#include "support/FormFixture.h"
-#include "support/Mouse.h"
-
-#include <QTest>
-
-#include <vector>
 
 namespace {
-
-/// A form with three parts, the middle one selected, so that every control is enabled.
-CutterSelect& formWithPart(FormFixture& fixture)
-{
-    fixture.writeSetting("WMA", "WMASUPPORT", "True");
-    auto& form = fixture.open(fakeSound(44100 * 10), {44100, 88200});
-    fixture.pressBarOfRow(2);
-    activate(form);
-    journal().clear();
-    return form;
-}
-
-std::vector<MenuEntry*> entriesWithShortcut(const CutterSelect& form)
-{
-    std::vector<MenuEntry*> entries;
-    for (MenuEntry* entry : form.findChildren<MenuEntry*>())
-        if (!entry->shortcut().isEmpty()) entries.push_back(entry);
-    return entries;
-}
-
-/// Counts which entries are triggered, in place of running them.
-class Triggers {
-public:
-    explicit Triggers(CutterSelect& form)
-    {
-        for (MenuEntry* entry : entriesWithShortcut(form)) {
-            QObject::disconnect(entry, &QAction::triggered, &form, nullptr);
-            QObject::connect(entry, &QAction::triggered, entry,
-                             [this, entry] { names << entry->objectName(); });
-        }
-    }
-    QStringList names;
-};
-
-void typeShortcut(QWidget& focus, const QKeySequence& keys)
-{
-    const QKeyCombination first = keys[0];
-    QTest::keyClick(&focus, first.key(), first.keyboardModifiers());
-}
 
 QStringList tabRing(CutterSelect& form)
 {
@@ -66,18 +21,6 @@ class win_keyboard : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyShortcutIsThereOnce();
-    void everyShortcutWorksFromTheWaveform();
-    void everyShortcutWorksFromTheList();
-    void everyShortcutWorksFromAButton();
-    void aFormatThatIsOffHasNoShortcut();
-    void noShortcutFiresInATextField_data();
-    void noShortcutFiresInATextField();
-    void spaceAndDeleteEditTheTitle();
-    void noShortcutFiresInTheListOfGenres();
-    void spacePlaysAndPauses();
-    void spaceOnAButtonPressesIt();
-    void spaceOnAToolPressesIt();
     void theTabKeyFollowsTheEye_data();
     void theTabKeyFollowsTheEye();
     void theTabKeyGoesBackTheSameWay();
@@ -88,146 +31,6 @@ private slots:
     void theWaveformTakesTheFocusOfAFieldThatIsOff();
     void theWaveformHasTheFocusFromTheStart();
 };
-
-void win_keyboard::everyShortcutIsThereOnce()
-{
-    FormFixture fixture;
-    auto& form = fixture.load();
-    QStringList keys{"Space"};
-    for (const MenuEntry* entry : entriesWithShortcut(form)) keys << entry->shortcut().toString();
-    keys.sort();
-    QStringList once = keys;
-    once.removeDuplicates();
-    QCOMPARE(keys, once);
-}
-
-static void compareTriggers(CutterSelect& form, QWidget& focus)
-{
-    Triggers triggers(form);
-    QStringList expected;
-    focus.setFocus(Qt::TabFocusReason);
-    QVERIFY(focus.hasFocus());
-    for (const MenuEntry* entry : entriesWithShortcut(form)) {
-        expected << entry->objectName();
-        typeShortcut(focus, entry->shortcut());
-    }
-    QCOMPARE(triggers.names, expected);
-}
-
-void win_keyboard::everyShortcutWorksFromTheWaveform()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    compareTriggers(form, form.Picture1);
-}
-
-void win_keyboard::everyShortcutWorksFromTheList()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    compareTriggers(form, form.ListView1);
-}
-
-void win_keyboard::everyShortcutWorksFromAButton()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    compareTriggers(form, form.Image9);
-}
-
-void win_keyboard::aFormatThatIsOffHasNoShortcut()
-{
-    FormFixture fixture;
-    auto& form = fixture.load();
-    activate(form);
-    Triggers triggers(form);
-    typeShortcut(form.Picture1, form.SelecWma.shortcut());
-    typeShortcut(form.Picture1, form.SelecWav.shortcut());
-    QCOMPARE(triggers.names, QStringList{"SelecWav"});
-}
-
-void win_keyboard::noShortcutFiresInATextField_data()
-{
-    QTest::addColumn<QString>("field");
-    for (const char* field :
-         {"TextTitle", "Text1", "Text2", "infoArtist", "infoAlbum", "infoComment", "infoYear"})
-        QTest::addRow("%s", field) << field;
-}
-
-void win_keyboard::noShortcutFiresInATextField()
-{
-    QFETCH(QString, field);
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    if (field.startsWith("info")) form.Image22_Click();
-    auto& edit = *form.findChild<QLineEdit*>(field);
-    edit.setFocus();
-    QVERIFY(edit.hasFocus());
-    Triggers triggers(form);
-    for (const MenuEntry* entry : entriesWithShortcut(form)) typeShortcut(edit, entry->shortcut());
-    QTest::keyClick(&edit, Qt::Key_Space);
-    QCOMPARE(triggers.names, QStringList());
-    QCOMPARE(journal().commands(), QStringList());
-}
-
-void win_keyboard::spaceAndDeleteEditTheTitle()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    form.TextTitle.setFocus();
-    QTest::keyClicks(&form.TextTitle, "one two");
-    QTest::keyClick(&form.TextTitle, Qt::Key_Home);
-    QTest::keyClick(&form.TextTitle, Qt::Key_Delete);
-    QCOMPARE(form.TextTitle.text(), "ne two");
-    QCOMPARE(form.ListView1.cell(2, PartsListView::Title), "ne two");
-    QCOMPARE(CutCount, 2);
-    QVERIFY(!form.IsPlaying);
-}
-
-void win_keyboard::noShortcutFiresInTheListOfGenres()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    form.Image22_Click();
-    form.infoGenre.setFocus();
-    Triggers triggers(form);
-    QTest::keyClick(&form.infoGenre, Qt::Key_Delete);
-    QTest::keyClick(&form.infoGenre, Qt::Key_K, Qt::ControlModifier);
-    QCOMPARE(triggers.names, QStringList());
-}
-
-void win_keyboard::spacePlaysAndPauses()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    form.Picture1.setFocus();
-    QTest::keyClick(&form.Picture1, Qt::Key_Space);
-    QVERIFY(form.IsPlaying && form.PlayWhole);
-    QTest::keyClick(&form.Picture1, Qt::Key_Space);
-    QVERIFY(!form.IsPlaying);
-}
-
-void win_keyboard::spaceOnAButtonPressesIt()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    form.Image13.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&form.Image13, Qt::Key_Space);
-    QCOMPARE(form.ToolMode, 2);
-    QVERIFY(!form.IsPlaying);
-    QCOMPARE(journal().commands(), QStringList());
-}
-
-void win_keyboard::spaceOnAToolPressesIt()
-{
-    FormFixture fixture;
-    auto& form = formWithPart(fixture);
-    QWidget& zoom = *form.Toolbar1.widgetForAction(&form.Toolbar1.Buttons(4));
-    zoom.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&zoom, Qt::Key_Space);
-    QCOMPARE(form.ZoomLevel, 1);
-    QVERIFY(!form.IsPlaying);
-}
 
 static const QStringList ringAboveThePanels{
     "Toolbar1(1)",  "Toolbar1(2)",  "Toolbar1(4)",  "Toolbar1(8)",  "Toolbar1(10)", "Toolbar1(11)",

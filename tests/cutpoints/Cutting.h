@@ -3,10 +3,7 @@
 #pragma once
 
 #include "support/FormFixture.h"
-
-#include <QApplication>
-#include <QMouseEvent>
-#include <QTest>
+#include "support/Mouse.h"
 
 inline constexpr std::int32_t songLength = 1042000;    ///< samples; the waveform is 10420 twips wide
 inline constexpr std::int32_t samplesPerTwip = 100;
@@ -24,9 +21,7 @@ inline const FakeSound& song()
 inline void mouse(QWidget& on, QEvent::Type type, double x, double y, Qt::MouseButton button = Qt::NoButton,
                   Qt::MouseButtons held = Qt::NoButton)
 {
-    const QPointF at(x / twipsPerPixel, y / twipsPerPixel);
-    QMouseEvent event(type, at, on.mapToGlobal(at), button, held, Qt::NoModifier);
-    QApplication::sendEvent(&on, &event);
+    sendMouse(on, type, QPointF(x / twipsPerPixel, y / twipsPerPixel), button, held);
 }
 
 inline void pressAt(QWidget& on, double x, double y, Qt::MouseButton button = Qt::LeftButton)

@@ -11,9 +11,7 @@ namespace {
 constexpr std::int32_t total = 1000000;
 constexpr std::int32_t smallStep = 441;
 
-using Rule = std::int32_t (*)(const Boundaries&, std::int32_t, std::int32_t);
-
-std::int32_t moved(Rule rule, const QList<int>& cuts, int row, int step = smallStep)
+std::int32_t moved(BoundaryRule rule, const QList<int>& cuts, int row, int step = smallStep)
 {
     std::array<std::int32_t, 101> table{};
     std::ranges::copy(cuts, table.begin() + 1);
@@ -138,7 +136,7 @@ void tst_boundary_rules::theMarginIsHalfASecond_data()
 void tst_boundary_rules::theMarginIsHalfASecond()
 {
     QFETCH(int, rate);
-    QTEST(dragLimits(std::array{0, 500000}, 1, 1, total, rate).low, "margin");
+    QTEST(static_cast<int>(dragLimits(std::array{0, 500000}, 1, 1, total, rate).low), "margin");
 }
 
 void tst_boundary_rules::dragLimitsLieAMarginFromTheNeighbours_data()
@@ -155,8 +153,8 @@ void tst_boundary_rules::dragLimitsLieAMarginFromTheNeighbours()
 {
     QFETCH(int, index);
     const DragLimits limits = dragLimits(std::array{0, 100000, 300000, 700000}, 3, index, total, 44100);
-    QTEST(limits.low, "low");
-    QTEST(limits.high, "high");
+    QTEST(static_cast<int>(limits.low), "low");
+    QTEST(static_cast<int>(limits.high), "high");
 }
 
 void tst_boundary_rules::aHandleStaysWithinItsLimits_data()

@@ -53,9 +53,11 @@ private slots:
     void theEndBeforeTheLastPartIsMeasuredFromTheEnd();
     void theMarkersGoWithTheCut();
     void aMarkerIsFoundByItsSample();
+    void theHighlightIsLaidAgain_data();
     void theHighlightIsLaidAgain();
     void selectionAndNameStay();
     void theTitleGoesWithTheStart();
+    void theTitleOfTheNextPartGoesWithTheEnd();
     void aStart300SamplesFromItsLimitGoesThere();
     void theLastPartsStartStopsAStepBeforeTheEnd();
     void theFirstPartsEndStopsAtAStep();
@@ -227,16 +229,31 @@ void win_boundaries::aMarkerIsFoundByItsSample()
     QCOMPARE(form.Line5(1).X1(), 7000.f);
 }
 
+void win_boundaries::theHighlightIsLaidAgain_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("control");
+    QTest::addColumn<std::int32_t>("start");
+    QTest::addColumn<std::int32_t>("end");
+    QTest::addRow("over the first part") << 1 << 4 << 0 << 295590;
+    QTest::addRow("over a part between two cuts") << 3 << 3 << 495590 << 700000;
+    QTest::addRow("over the last part") << 4 << 3 << 695590 << songLength;
+}
+
 void win_boundaries::theHighlightIsLaidAgain()
 {
+    QFETCH(int, row);
+    QFETCH(int, control);
+    QFETCH(std::int32_t, start);
+    QFETCH(std::int32_t, end);
     Cutting cutting({300000, 500000, 700000});
     auto& form = cutting.form;
-    cutting.fixture.pressBarOfRow(3);
-    step(form, 3, earlier);
-    QCOMPARE(form.Picture2.Left(), xOf(495590));
+    cutting.fixture.pressBarOfRow(row);
+    step(form, control, earlier);
+    QCOMPARE(form.Picture2.Left(), xOf(start));
     QCOMPARE(form.Picture2.Width(),
-             static_cast<Twips>(10420.0 / songLength * 700000 - 10420.0 / songLength * 495590));
-    QCOMPARE(form.Picture3.Left(), -xOf(495590));
+             static_cast<Twips>(10420.0 / songLength * end - 10420.0 / songLength * start));
+    QCOMPARE(form.Picture3.Left(), -xOf(start));
     QVERIFY(!form.Picture2.isHidden());
 }
 
@@ -258,6 +275,17 @@ void win_boundaries::theTitleGoesWithTheStart()
     for (const int row : {1, 2, 3}) cutting.title(row, QString::number(row));
     step(cutting.form, 3, later);
     QCOMPARE(PartTable.at(2), (PartRecord{"3", 504410}));
+    cutting.form.FillPartsList();
+    QCOMPARE(cutting.titles(), (QStringList{"1", "2", "3"}));
+}
+
+void win_boundaries::theTitleOfTheNextPartGoesWithTheEnd()
+{
+    Cutting cutting({300000, 500000});
+    for (const int row : {1, 2, 3}) cutting.title(row, QString::number(row));
+    cutting.fixture.pressBarOfRow(2);
+    step(cutting.form, 4, earlier);
+    QCOMPARE(PartTable.at(2), (PartRecord{"3", 495590}));
     cutting.form.FillPartsList();
     QCOMPARE(cutting.titles(), (QStringList{"1", "2", "3"}));
 }

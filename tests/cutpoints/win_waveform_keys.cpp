@@ -18,6 +18,9 @@ private slots:
     void aDoubleClickElsewherePlaysNothing_data();
     void aDoubleClickElsewherePlaysNothing();
     void aDoubleClickOnTheBarOfAnUncutFilePlaysNothing();
+    void aDoubleClickOnTheHighlightIsTwoPresses();
+    void aDoubleClickWithTheScissorsOnTheHighlightCutsTwice();
+    void aDoubleClickByTheWindowsOwnMousePlaysThePart();
     void anArrowKeySelectsTheNextPart_data();
     void anArrowKeySelectsTheNextPart();
     void otherKeysSelectNothing_data();
@@ -138,6 +141,43 @@ void win_waveform_keys::aDoubleClickOnTheBarOfAnUncutFilePlaysNothing()
     Cutting cutting;
     doubleClickAt(cutting.form.Picture1, 1000, inBar);
     QVERIFY(journal().commands().isEmpty());
+}
+
+static void doubleClickInWindow(CutterSelect& form, double x, double y)
+{
+    activate(form);
+    const QPoint at = form.Picture1.mapTo(&form, QPointF(x, y) / twipsPerPixel).toPoint();
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, at);
+}
+
+// The first press hides the highlight, so the second one meets the waveform below it, which had none before.
+void win_waveform_keys::aDoubleClickOnTheHighlightIsTwoPresses()
+{
+    Cutting cutting({300000, 700000});
+    auto& form = cutting.form;
+    cutting.fixture.pressBarOfRow(2);
+    doubleClickInWindow(form, 5000, inWave);
+    QVERIFY(journal().commandsOf("AudioPlayer.Start").isEmpty() && !form.IsPlaying);
+    QVERIFY(form.Picture2.isHidden() && !form.HasSelectedPart && !form.ClickedPart);
+    QVERIFY(std::abs(form.Line2.X1() - 5000) < 15);
+}
+
+void win_waveform_keys::aDoubleClickWithTheScissorsOnTheHighlightCutsTwice()
+{
+    Cutting cutting({300000, 700000});
+    auto& form = cutting.form;
+    form.ToolMode = 2;
+    cutting.fixture.pressBarOfRow(2);
+    doubleClickInWindow(form, 5000, inWave);
+    QCOMPARE(CutCount, 4);
+    QVERIFY(journal().commandsOf("MsgBox").isEmpty() && !form.IsPlaying);
+}
+
+void win_waveform_keys::aDoubleClickByTheWindowsOwnMousePlaysThePart()
+{
+    Cutting cutting({300000, 340000});
+    doubleClickInWindow(cutting.form, 3200, inBar);
+    QVERIFY(cutting.form.IsPlaying && cutting.form.HasSelectedPart);
 }
 
 void win_waveform_keys::anArrowKeySelectsTheNextPart_data()

@@ -28,6 +28,8 @@ private slots:
     void theScissorsToolHidesTheHighlight();
     void theToolButtonsMoveTheScissors();
     void withoutAFileNothingAnswers();
+    void theCursorsAreDrawnSharp_data();
+    void theCursorsAreDrawnSharp();
 };
 
 void win_waveform_tools::cursorsFollowHeightAndTool_data()
@@ -124,6 +126,35 @@ void win_waveform_tools::withoutAFileNothingAnswers()
     QCOMPARE(form.Image13.Top(), top);
     QCOMPARE(cursorOf(form.Picture1), QString("default"));
     QVERIFY(journal().commands().isEmpty() && fixture.fatals.isEmpty());
+}
+
+void win_waveform_tools::theCursorsAreDrawnSharp_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("scale");
+    for (const char* name : {"SELECTION", "CURSEUR", "CUTTERZ"})
+        for (const double scale : {1.0, 2.0})
+            QTest::addRow("%s at scale %g", name, scale) << QString::fromLatin1(name) << scale;
+}
+
+// Every pixel of the screen is drawn: at scale 2 no block of four is one pixel made larger.
+void win_waveform_tools::theCursorsAreDrawnSharp()
+{
+    QFETCH(QString, name);
+    QFETCH(double, scale);
+    const QPixmap picture = customCursor(name, scale).pixmap();
+    QCOMPARE(picture.devicePixelRatio(), scale);
+    QCOMPARE(picture.size(), QSize(24, 24) * scale);
+    const QImage image = picture.toImage();
+    int drawn = 0, uneven = 0;
+    for (int y = 0; y + 1 < image.height(); y += 2)
+        for (int x = 0; x + 1 < image.width(); x += 2) {
+            drawn += qAlpha(image.pixel(x, y)) > 0;
+            uneven +=
+                image.pixel(x, y) != image.pixel(x + 1, y) || image.pixel(x, y) != image.pixel(x, y + 1);
+        }
+    QVERIFY2(drawn > 12 && drawn < image.width() * image.height() / 8, qPrintable(QString::number(drawn)));
+    QVERIFY2(uneven > 12, qPrintable(QString::number(uneven)));
 }
 
 QTEST_MAIN(win_waveform_tools)

@@ -97,6 +97,7 @@ void win_export_faults::aFaultBeforeTheDialogEndsASaveSilently()
     QCOMPARE(journal().commandsOf("(dialog|MsgBox|FileWenc|FileRe)"), QStringList());
     QVERIFY(saving.form.isEnabled() && !ProgressForm.loaded());
     QCOMPARE(saving.panel1(), QString("a job"));    // nothing is restored
+    QVERIFY(KeepRunning);
 
     saving.failing().clear();
     saving.clickSave();    // the answer is still there

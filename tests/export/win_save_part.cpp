@@ -1,6 +1,7 @@
 // Saving one part from the real window: its commands and when they refuse, the order of the calls, the end
 // state.
 #include "export/Saving.h"
+#include "support/Mouse.h"
 
 class win_save_part : public QObject {
     Q_OBJECT

@@ -1,42 +1,11 @@
 // Cutting, naming, tagging and saving real files in the real window.
-#include "journeys/Journey.h"
-
-#include "core/toolkit/FormHolder.h"
-#include "waveform/Form2.h"
+#include "journeys/CutSong.h"
 
 #include <QDir>
 #include <QFile>
-#include <QPushButton>
-#include <QTest>
-
-#include <csignal>
-#include <sys/resource.h>
+#include <QFileDialog>
 
 namespace {
-
-constexpr std::int32_t length = 6 * 44100;
-
-// A song of six seconds, open, cut at about two and four seconds.
-void openAndCut(Journey& journey)
-{
-    const QString song = journey.path(QStringLiteral("song.wav"));
-    writeWav(song, music(length));
-    journey.open(song);
-    journey.cutAt(2 * 44100);
-    journey.cutAt(4 * 44100);
-}
-
-void fillTags(Journey& journey)
-{
-    CutterSelect& form = journey.form();
-    QTest::mouseClick(&form.Image22, Qt::LeftButton);
-    QTest::keyClicks(&form.infoArtist, QStringLiteral("The Artist"));
-    QTest::keyClicks(&form.infoAlbum, QStringLiteral("The Album"));
-    form.infoGenre.setCurrentIndex(8);
-    QTest::keyClicks(&form.infoComment, QStringLiteral("a comment of 29 characters ok"));
-    QTest::keyClicks(&form.infoYear, QStringLiteral("2024"));
-    QTest::mouseClick(&form.Image23, Qt::LeftButton);
-}
 
 // That song with all tags filled in and a title for its second part.
 void openAndCutWithTags(Journey& journey)
@@ -54,21 +23,6 @@ QString saveAll(Journey& journey)
     return out;
 }
 
-std::int32_t lengthOfPart(int row)
-{
-    const std::int32_t start = row == 1 ? 0 : CutPoints.at(static_cast<std::size_t>(row - 1));
-    const std::int32_t end = row == CutCount + 1 ? TotalSamples : CutPoints.at(static_cast<std::size_t>(row));
-    return end - start;
-}
-
-void pressCancelWhileSaving(QTimer& timer)
-{
-    QObject::connect(&timer, &QTimer::timeout, &timer, [] {
-        if (ProgressForm.visible() && ProgressForm->ProgressBar1() > 0.01) ProgressForm->Command1.click();
-    });
-    timer.start(0);
-}
-
 }
 
 class tst_journey_save : public QObject {
@@ -84,12 +38,8 @@ private slots:
     void onePartInAnotherFormatLeavesTheSelectionAsItIs();
     void anExistingFileIsReplacedWithoutAQuestion();
     void aPartOf48kHzIsSavedAsWavOf44100();
-    void cancelInASaveLeavesAValidShorterFileWithItsTags();
-    void cancelInSaveAllStillLeavesEveryFile();
-    void aReadOnlyTargetGetsTheMessageAndTheNextSaveWorks();
-    void aVanishedFolderGetsTheMessageAndTheNextSaveWorks();
-    void aFullDiskGetsTheMessageAndTheNextSaveWorks();
     void theEarlierPartOfASongCanBeSavedOverTheSongItself();
+    void aTitleWithQuotesIsTheNameOfTheFile();
 };
 
 void tst_journey_save::allPartsAsWavLaidEndToEndAreTheSource()
@@ -237,104 +187,6 @@ void tst_journey_save::aPartOf48kHzIsSavedAsWavOf44100()
                      expected) <= 1);
 }
 
-void tst_journey_save::cancelInASaveLeavesAValidShorterFileWithItsTags()
-{
-    Journey journey;
-    openAndCut(journey);
-    fillTags(journey);
-    journey.selectRow(1);
-    // The first part is 88200 samples, one block: make it three blocks long by taking the cuts back.
-    journey.dialogs.expectMessage(QStringLiteral("Yes"));
-    QTest::mouseClick(&journey.form().Image21, Qt::LeftButton);
-    journey.cutAt(5 * 44100);
-    journey.selectRow(1);
-    QTimer timer;
-    pressCancelWhileSaving(timer);
-    journey.savePart(journey.form().SavePartMP3, journey.path(QStringLiteral("cut.mp3")));
-    const SampleArray part = decoded(journey.path(QStringLiteral("cut.mp3")));
-    QCOMPARE(part.size(), std::size_t{200000});    // the first block
-    QCOMPARE(probedTag(journey.path(QStringLiteral("cut.mp3")), QStringLiteral("artist")),
-             QStringLiteral("The Artist"));
-    QVERIFY(journey.form().isEnabled() && !ProgressForm.visible() && journey.dialogs.messages.size() == 1);
-}
-
-void tst_journey_save::cancelInSaveAllStillLeavesEveryFile()
-{
-    Journey journey;
-    const QString song = journey.path(QStringLiteral("song.wav"));
-    writeWav(song, music(12 * 44100));
-    journey.open(song);
-    journey.cutAt(4 * 44100);
-    journey.cutAt(8 * 44100);
-    journey.form().selecOgg.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    QTimer timer;
-    pressCancelWhileSaving(timer);
-    journey.saveAll(out);
-    QCOMPARE(QDir(out).entryList(QDir::Files).size(), 3);
-    for (int part = 1; part <= 3; ++part)
-        QCOMPARE(decoded(out + QStringLiteral("/song-Part %1.ogg").arg(part)).size(), std::size_t{200000});
-}
-
-void tst_journey_save::aReadOnlyTargetGetsTheMessageAndTheNextSaveWorks()
-{
-    Journey journey;
-    openAndCut(journey);
-    journey.selectRow(1);
-    QDir().mkdir(journey.path(QStringLiteral("a folder.wav")));    // can't be replaced, whoever runs this
-    journey.dialogs.expect([&](QDialog& dialog) {
-        // A folder's name would be entered by the dialog: the path goes in as its answer all the same.
-        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
-            ->setText(QStringLiteral("/proc/nothing.wav"));
-        QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
-        return true;
-    });
-    journey.dialogs.expectMessage();
-    journey.form().SavePartWav.trigger();
-    QCOMPARE(journey.dialogs.messages, QStringList{langText(85)});
-    QCOMPARE(journey.dialogs.icons, QStringList{"Critical"});
-    QVERIFY(journey.form().isEnabled() && !ProgressForm.visible());
-    journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("good.wav")));
-    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(),
-             static_cast<std::size_t>(lengthOfPart(1)) * 2);
-}
-
-void tst_journey_save::aVanishedFolderGetsTheMessageAndTheNextSaveWorks()
-{
-    Journey journey;
-    openAndCut(journey);
-    journey.form().SelecWav.trigger();
-    const QString out = journey.folder(QStringLiteral("out"));
-    QString gone = out + QStringLiteral("/gone");
-    journey.dialogs.expectMessage();
-    journey.form().SaveEveryPart(gone, QStringLiteral("WAV"));
-    QCOMPARE(journey.dialogs.messages, QStringList{langText(85)});
-    journey.saveAll(out);
-    QCOMPARE(QDir(out).entryList(QDir::Files).size(), 3);
-}
-
-void tst_journey_save::aFullDiskGetsTheMessageAndTheNextSaveWorks()
-{
-    Journey journey;
-    openAndCut(journey);
-    journey.form().SelecWav.trigger();
-    journey.selectRow(1);
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit old{};
-    getrlimit(RLIMIT_FSIZE, &old);
-    const rlimit small{100'000, old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    journey.dialogs.expectFile(journey.path(QStringLiteral("full.wav")));
-    journey.dialogs.expectMessage();
-    journey.form().SavePartWav.trigger();
-    setrlimit(RLIMIT_FSIZE, &old);
-    QCOMPARE(journey.dialogs.messages, QStringList{langText(85)});
-    QVERIFY(QFile::exists(journey.path(QStringLiteral("full.wav"))));    // what was written stays
-    journey.savePart(journey.form().SavePartWav, journey.path(QStringLiteral("good.wav")));
-    QCOMPARE(readWav(journey.path(QStringLiteral("good.wav"))).size(),
-             static_cast<std::size_t>(lengthOfPart(1)) * 2);
-}
-
 void tst_journey_save::theEarlierPartOfASongCanBeSavedOverTheSongItself()
 {
     Journey journey;
@@ -345,6 +197,22 @@ void tst_journey_save::theEarlierPartOfASongCanBeSavedOverTheSongItself()
     const auto from = source.begin() + CutPoints[1] * 2;
     QVERIFY(readWav(journey.path(QStringLiteral("song.wav"))) ==
             SampleArray(from, from + lengthOfPart(2) * 2));
+}
+
+void tst_journey_save::aTitleWithQuotesIsTheNameOfTheFile()
+{
+    Journey journey;
+    openAndCut(journey);
+    journey.title(2, QStringLiteral("Say \"hi\""));
+    journey.selectRow(2);
+    journey.dialogs.expect([&](QDialog& dialog) {
+        static_cast<QFileDialog&>(dialog).setDirectory(journey.folder(QStringLiteral("out")));
+        QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
+        return true;
+    });
+    journey.form().SavePartWav.trigger();
+    QCOMPARE(readWav(journey.path(QStringLiteral("out/Say \"hi\".WAV"))).size(),
+             static_cast<std::size_t>(lengthOfPart(2)) * 2);
 }
 
 QTEST_MAIN(tst_journey_save)

@@ -62,6 +62,7 @@ private slots:
     void thePercentageIsShownInThreePlaces();
     void theLastPercentageIsAHundred();
     void anUnchangedPercentageHearsNoCancel();
+    void aCancelBeforeTheFirstBlockLeavesADocumentOfNoSamples();
     void aCancelKeepsThePartReadSoFar();
     void aCancelSpreadsThePeaksReadSoFarOverTheFullWidth();
     void aCancelByEscapeCounts();
@@ -196,6 +197,17 @@ void win_scan::anUnchangedPercentageHearsNoCancel()
     };
     scan.run();
     QCOMPARE(TotalSamples, 6 * slowBlock);    // the sixth block moves the percentage to 2
+}
+
+void win_scan::aCancelBeforeTheFirstBlockLeavesADocumentOfNoSamples()
+{
+    SlowScan scan;
+    journal().clear();
+    QTimer::singleShot(0, &scan.fixture.form.value(), [] { pressCancel(); });
+    const CutterSelect& form = scan.run();
+    QCOMPARE(journal().commandsOf("FileWenc.WriteArray"), QStringList());
+    QVERIFY(form.FileLoaded && !form.Scanning && form.isEnabled() && !ProgressForm.visible());
+    QCOMPARE(TotalSamples, 0);
 }
 
 void win_scan::aCancelKeepsThePartReadSoFar()
