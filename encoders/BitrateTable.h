@@ -23,7 +23,7 @@ struct SamplingRate {
     std::int32_t hertz;
 };
 
-/// The rows of `cmbFrequency`.
+/// The rows of `cmbFrequency`. Kept: two have blanks at an end.
 inline constexpr std::array<SamplingRate, 9> samplingRates = {{{"  8 000 Hz", 8000},
                                                                {"11 025 Hz", 11025},
                                                                {"12 000 Hz ", 12000},

@@ -93,6 +93,7 @@ void Mp3Tabs::fillExpert()
         {chShortBlocks, "chShortBlocks", "short blocks"},
         {chBitReservoir, "chBitReservoir", "bit reservoir"},
         {chBlockType, "chBlockType", "allow block types to differ between channels"},
+        // Kept: spelled so, as the rows of the de-emphasis below.
         {chErrorProtection, "chErrorProtection", "include CRC -Checksums"},
     };
     double y = 14;

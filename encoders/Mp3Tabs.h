@@ -20,7 +20,7 @@ struct Mp3Tabs {
     EndLabel Label2{&frmBitrate, "Label2", {16, 60, 200, 18}, "poor quality", Qt::AlignLeft};
     EndLabel Label3{&frmBitrate, "Label3", {250, 60, 200, 18}, "good quality", Qt::AlignRight};
     Frame frmQuality{&general, "frmQuality", {14, 106, 466, 88}, "Encoder Quality"};
-    SettingsSlider sldrQuality{&frmQuality, "sldrQuality", {14, 26, 438, 32}, 9, 1};
+    SettingsSlider sldrQuality{&frmQuality, "sldrQuality", {14, 26, 438, 32}, 9, 2};
     EndLabel Label6{&frmQuality, "Label6", {16, 60, 200, 18}, "faster", Qt::AlignLeft};
     EndLabel Label7{&frmQuality, "Label7", {250, 60, 200, 18}, "better", Qt::AlignRight};
     Frame frmChMode{&general, "frmChMode", {14, 204, 226, 74}, "Channels Mode"};

@@ -125,11 +125,16 @@ QStringList rateCaptions()
     return captions;
 }
 
-void selectRow(QComboBox& list, int row)
+QString currentBitrate(std::int32_t kbit)
+{
+    return QStringLiteral("Current bitrate: %1 kbit").arg(kbit);
+}
+
+void selectRow(QComboBox& list, std::int64_t row)
 {
     if (row < -1 || row >= list.count())
         throw ConversionError(QStringLiteral("%1 has no row %2").arg(list.objectName()).arg(row));
-    list.setCurrentIndex(row);
+    list.setCurrentIndex(static_cast<int>(row));
 }
 
 std::int32_t selectedRate(const QComboBox& list)

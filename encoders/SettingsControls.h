@@ -69,7 +69,10 @@ void putList(QComboBox& list, const QString& name, QRectF placePx, const QString
 QStringList rateCaptions();
 
 /// Selects a row; -1 selects none. Throws ConversionError for a row that the list doesn't have.
-void selectRow(QComboBox& list, int row);
+void selectRow(QComboBox& list, std::int64_t row);
+
+/// What stands above a slider of bitrates.
+QString currentBitrate(std::int32_t kbit);
 
 /// Rate in Hz of the selected row. Throws ConversionError when none is selected.
 std::int32_t selectedRate(const QComboBox& list);

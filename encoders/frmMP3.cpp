@@ -11,10 +11,9 @@ constexpr int rowNone = 0;
 constexpr int rowAbr = 5;
 
 // What a slider of bitrates says of its position.
-QString currentBitrate(int position)
+QString currentBitrateAt(int position)
 {
-    return QStringLiteral("Current bitrate: %1 kbit")
-        .arg(bitrateTable.at(static_cast<std::size_t>(position)));
+    return currentBitrate(bitrateTable.at(static_cast<std::size_t>(position)));
 }
 
 QString bitrateText(int position)
@@ -84,13 +83,13 @@ void frmMP3::enter(Mp3Format& format, const EncoderCaller& caller, std::int32_t 
 
 void frmMP3::sldrBitrate_Change()
 {
-    frmBitrate.setTitle(currentBitrate(sldrBitrate.value()));
+    frmBitrate.setTitle(currentBitrateAt(sldrBitrate.value()));
     sldrBitrate.setPopUpText(bitrateText(sldrBitrate.value()));
 }
 
 void frmMP3::sldrVbrBitrate_Change()
 {
-    lblVbrBitrate.setText(currentBitrate(sldrVbrBitrate.value()));
+    lblVbrBitrate.setText(currentBitrateAt(sldrVbrBitrate.value()));
     sldrVbrBitrate.setPopUpText(bitrateText(sldrVbrBitrate.value()));
 }
 

@@ -14,11 +14,6 @@ void showBitrate(SettingsSlider& slider, std::int32_t kbit)
     if (const int position = positionOfBitrate(kbit); position >= 0) slider.set(position);
 }
 
-QString currentBitrate(std::int32_t kbit)
-{
-    return QStringLiteral("Current bitrate: %1 kbit").arg(kbit);
-}
-
 // Shows a frequency, below 0 for no filter, with the width that belongs to it.
 void showFilter(QCheckBox& isOn, NumberBox& frequencyBox, std::int32_t frequency, int unusedFrequency)
 {
@@ -58,7 +53,7 @@ void frmMP3::showBitrates()
 void frmMP3::showVbr()
 {
     udVbrQuality.setValue(MP3LameEncoder->VbrQuality);
-    selectRow(cmbVBRCodingMethod, MP3LameEncoder->VbrMethod + 1);
+    selectRow(cmbVBRCodingMethod, std::int64_t{MP3LameEncoder->VbrMethod} + 1);
     cmbVBRCodingMethod_Click();
     udAbrBitrate.setValue(MP3LameEncoder->AbrBitrate);
     selectRow(cmbChMode, MP3LameEncoder->FormatChannels == 1 ? 0 : MP3LameEncoder->StereoMode);

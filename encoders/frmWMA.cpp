@@ -40,6 +40,7 @@ void frmWMA::Form_Load(CutterSelect& form)
     form_ = &form;
     if (parentWidget() != form_) setParent(&form, windowFlags());
     const QSignalBlocker quiet(udWMAProfile);    // nothing is stored before the user makes a step
+    // Kept: the default first, then the profile that is stored.
     skipFaults([&] { form_->FileWenc->SetFormatWMA(defaultWmaProfile); });
     skipFaults([&] { udWMAProfile.setMaximum(form_->FileWenc->GetWmaProfileCount()); });
     skipFaults([&] {

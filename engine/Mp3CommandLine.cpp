@@ -6,9 +6,11 @@
 #include <QProcess>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace {
 

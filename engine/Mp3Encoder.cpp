@@ -20,7 +20,9 @@ QString modeText(const Mp3Format& properties)
 
 QString bitrateText(const Mp3Format& properties)
 {
-    if (properties.VbrMethod < 0) return QString("%1 kbit/s").arg(properties.FormatBitrate);
+    if (properties.VbrMethod < 0)
+        return QString("%1 kbit/s")
+            .arg(nearestMp3Bitrate(nearestMp3Rate(properties.FormatRate), properties.FormatBitrate));
     if (properties.VbrMethod >= 4) return QString("ABR %1 kbit/s").arg(properties.AbrBitrate);
     return QString("VBR quality %1").arg(properties.VbrQuality);
 }

@@ -104,7 +104,7 @@ void WmaEncoder::openStreamToFile()
 void WmaEncoder::write(std::span<const std::int16_t> samples)
 {
     const auto channels = static_cast<std::size_t>(codec_->ch_layout.nb_channels);
-    for (std::size_t at = 0; at < samples.size();) {
+    for (std::size_t at = 0; at + channels <= samples.size();) {
         const std::size_t frames = (samples.size() - at) / channels;
         const std::size_t count = std::min(frames, static_cast<std::size_t>(codec_->frame_size - filled_));
         for (std::size_t channel = 0; channel < channels; ++channel) {

@@ -34,7 +34,7 @@ void CutterSelect::ApplyOggSettings()
 
 void CutterSelect::applyWmaSettings()
 {
-    // Kept: the writer is in WMA mode before the stored profile is given.
+    // Kept: the default first, so that the writer is in WMA mode before the stored profile is given.
     FileWenc->SetFormatWMA(defaultWmaProfile);
     const QString number = IniRead(IniPath, QStringLiteral("WMA"), QStringLiteral("Num"));
     FileWenc->SetFormatWMA(number.isEmpty() ? defaultWmaProfile : parseLong(number));

@@ -58,9 +58,10 @@ void CutterSelect::withdrawMp3()
     SelecMP3.setEnabled(false);
     Image6[1].setEnabled(false);
     showLameEncoder(this);
-    SavePartMP3.setEnabled(false);
+    SavePartMP3.setEnabled(false);    // Kept: once more
 }
 
+// Kept: neither a missing library nor the switch of WMA is looked at here.
 void CutterSelect::RestoreOutputFormat()
 {
     OUTPUTFORMAT = storedFormat();
@@ -101,6 +102,7 @@ void CutterSelect::Option1_Click(int index)
         break;
     case 1:
         ApplyMp3Settings();
+        // Kept: given once more. Here a format that the writer refuses is a fault; the settings pass over it.
         FileWenc->SetFormatMP3Ex(*MP3LameEncoderMain);
         break;
     case 2:
@@ -114,7 +116,7 @@ void CutterSelect::Option1_Click(int index)
     CheckFormatMenu(row->menu);
 }
 
-// A button that is set on by the program runs its handler when that changes it.
+// The menu has run the handler already; a button that comes on runs it once more.
 void CutterSelect::setOption(int index)
 {
     QRadioButton& option = Option1[static_cast<std::size_t>(index)];
@@ -131,9 +133,10 @@ void CutterSelect::CheckFormatMenu(int index)
 
 void CutterSelect::Image6_Click(int index)
 {
-    setOption(index);
     const OutputFormat* row = formatByOption(index);
     if (!row) return;
+    Option1[static_cast<std::size_t>(index)].setChecked(true);
+    Option1_Click(index);
     OUTPUTFORMAT = QString::fromLatin1(row->name);
     switch (index) {
     case 0:
@@ -178,7 +181,9 @@ void CutterSelect::SelecWav_Click()
     setOption(0);
 }
 
+// A format that is stored but switched off has no settings to be reached.
 void CutterSelect::SelecFormatConfig_Click()
 {
-    if (const OutputFormat* row = formatByName(OUTPUTFORMAT)) Image6_Click(row->option);
+    const OutputFormat* row = formatByName(OUTPUTFORMAT);
+    if (row && Image6[static_cast<std::size_t>(row->option)].isEnabled()) Image6_Click(row->option);
 }

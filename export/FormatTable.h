@@ -3,8 +3,7 @@
 
 #include <QString>
 
-#include <optional>
-#include <span>
+#include <cstdint>
 
 struct OutputFormat {
     const char* name;    ///< as in `OUTPUTFORMAT` and in the settings

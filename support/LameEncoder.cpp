@@ -21,6 +21,7 @@ LameEncoder::LameEncoder(QWidget* owner)
     setFixedSize(440, 230);
     put(Label6, QStringLiteral("Label6"), {20, 16, 400, 40});
     Label6.setFont(look::font(12, QFont::DemiBold));
+    // Kept: spelled so.
     Label6.setText(QStringLiteral("Lame Encoder is requiered on this computer to properly encode to MP3"));
     put(Label4, QStringLiteral("Label4"), {20, 62, 400, 80});
     Label4.setText(

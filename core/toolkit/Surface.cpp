@@ -326,7 +326,8 @@ bool Surface::event(QEvent* event)
 
 void Surface::setMousePointer(const QCursor& cursor)
 {
-    if (pointer_ == cursor && this->cursor() == cursor) return;
+    // A surface without a pointer of its own shows that of the one below it.
+    if (testAttribute(Qt::WA_SetCursor) && pointer_ == cursor && this->cursor() == cursor) return;
     pointer_ = cursor;
     setCursor(cursor);
 }

@@ -153,7 +153,7 @@ void win_waveform_tools::theCursorsAreDrawnSharp()
             uneven +=
                 image.pixel(x, y) != image.pixel(x + 1, y) || image.pixel(x, y) != image.pixel(x, y + 1);
         }
-    QVERIFY2(drawn > 12 && drawn < image.width() * image.height() / 8, qPrintable(QString::number(drawn)));
+    QVERIFY2(drawn > 12 && drawn < image.width() * image.height() / 5, qPrintable(QString::number(drawn)));
     QVERIFY2(uneven > 12, qPrintable(QString::number(uneven)));
 }
 
