@@ -153,6 +153,8 @@ public:
     virtual void SetEncodedBy(const QString& text) = 0;
 };
 
+inline constexpr std::int32_t fullVolume = 65535;
+
 /// The player: a stream that is fed arrays. It reads no files; the program keeps a short queue filled.
 class AudioPlayerStream {
 public:
@@ -175,7 +177,7 @@ public:
     virtual std::int32_t
     SamplesToMs(std::int32_t samples) const = 0;    ///< at the format set, 44100 Hz before
 
-    virtual void SetVolume(std::int32_t volume) = 0;    ///< 0 to 65535
+    virtual void SetVolume(std::int32_t volume) = 0;    ///< 0 to `fullVolume`
     virtual std::int32_t GetVolume() const = 0;
     virtual void SetMute(bool mute) = 0;
 

@@ -149,7 +149,9 @@ public:
     void AudioPlayer_Timer(std::int32_t position);
     void AudioPlayer_EndPlay();
     void positionToStart();
-    void reposition(std::int32_t sample);
+    void stopAtStart();
+    /// `place` is asked for the sample once the queue is empty.
+    void reposition(const std::function<std::int32_t()>& place);
     // ---- volume: CutterSelect_Volume.cpp
     void Image14_MouseDown(Twips X);
     void Image14_MouseMove(Twips X);
@@ -166,6 +168,7 @@ public:
     void showPositionOf(std::int32_t sample);
     void followHighlight();
     void placePositionLine(Twips x);
+    void placeBothLines(Twips x);
 
     // ---- output format: CutterSelect_Format.cpp
     void InitOutputFormat();
@@ -260,6 +263,7 @@ private:
     void hidePosition();
     void showPositionAt(std::int32_t sample);
     void zoomTo(Twips width);
+    void takeBaseWidth();
     // ---- CutPoints, Pointer
     bool refuseCut();
     void addCut(Twips x);
@@ -281,6 +285,7 @@ private:
     void openPartMenu(QPoint global);
     // ---- Transport
     bool startPlayer();
+    void failPlay();
     void movePositionWhilePlaying(std::int32_t position);
     // ---- Format
     void configureFor(const QString& format);

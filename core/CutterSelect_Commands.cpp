@@ -30,10 +30,7 @@ void CutterSelect::ToolbarCommand(std::int16_t index)
         if (isReady) StopPlayback();
         break;
     case 12:
-        if (!isReady) break;
-        StopPlayback();
-        ResetCenterLines();
-        positionToStart();
+        if (isReady) stopAtStart();
         break;
     case 14:
         Image9_Click();
@@ -44,6 +41,13 @@ void CutterSelect::ToolbarCommand(std::int16_t index)
     default:
         break;
     }
+}
+
+void CutterSelect::stopAtStart()
+{
+    StopPlayback();
+    ResetCenterLines();
+    positionToStart();
 }
 
 void CutterSelect::Quitter_Click()

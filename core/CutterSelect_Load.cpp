@@ -16,7 +16,6 @@ namespace {
 constexpr Twips windowWidth = 10860;
 constexpr Twips windowHeight = 8340;
 constexpr std::int32_t genreCount = 148;
-constexpr std::int32_t fullVolume = 65535;
 
 QPointer<QWidget> focusBeforeJob;    // a disabled window lets go of it
 

@@ -33,7 +33,7 @@ QString durationText(std::int32_t ms);
 /// The position as a click leaves it: as on the ruler, with a fraction of one or two characters.
 QString positionText(std::int32_t ms);
 
-/// The position while the player runs: three decimals.
+/// The position while the player runs. Kept: three decimals, where a click leaves two.
 QString playingText(std::int32_t ms);
 
 inline constexpr const char* zeroTime = "00:00.00";

@@ -113,7 +113,7 @@ void CutterSelect::SetPosition(Twips X)
     followHighlight();
     const std::int32_t sample = sampleOfX(Picture1.Width(), TotalSamples, X);
     showPositionOf(sample);
-    if (IsPlaying) reposition(sampleOfX(Picture1.Width(), FileR->GetTotalSamples(), X));
+    if (IsPlaying) reposition([&] { return sampleOfX(Picture1.Width(), FileR->GetTotalSamples(), X); });
 }
 
 void CutterSelect::Image13_Click()

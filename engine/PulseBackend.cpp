@@ -6,7 +6,9 @@ namespace {
 
 void addSink(pa_context*, const pa_sink_info* sink, int end, void* user)
 {
-    if (end == 0) static_cast<std::vector<PcmDevice>*>(user)->push_back({sink->name, sink->description});
+    if (end != 0 || !sink->name) return;
+    const char* const text = sink->description ? sink->description : sink->name;
+    static_cast<std::vector<PcmDevice>*>(user)->push_back({sink->name, text});
 }
 
 }

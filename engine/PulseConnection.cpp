@@ -1,10 +1,11 @@
 #include "engine/PulseConnection.h"
 
+#include <algorithm>
 #include <new>
 
 namespace {
 
-constexpr pa_usec_t waitLimit = PA_USEC_PER_SEC;
+constexpr std::chrono::milliseconds patience{900};
 constexpr std::chrono::seconds silenceKept{10};
 
 void contextChanged(pa_context*, void* connection)
@@ -49,6 +50,7 @@ PulseConnection::~PulseConnection()
 bool PulseConnection::connect()
 {
     if (Clock::now() < silentUntil_) return false;
+    waitUntil_ = Clock::now() + patience;
     if (context_ && pa_context_get_state(context_) == PA_CONTEXT_READY) return true;
     dropContext();
     if (runLoop() && openContext()) return true;
@@ -85,8 +87,10 @@ void PulseConnection::dropContext()
 bool PulseConnection::waitFor(const std::function<bool()>& done)
 {
     Deadline deadline{this};
+    const auto left = std::chrono::duration_cast<std::chrono::microseconds>(waitUntil_ - Clock::now());
+    const auto limit = static_cast<pa_usec_t>(std::max<std::int64_t>(left.count(), 0));
     pa_time_event* const timer =
-        pa_context_rttime_new(context_, pa_rtclock_now() + waitLimit, deadlinePassed, &deadline);
+        pa_context_rttime_new(context_, pa_rtclock_now() + limit, deadlinePassed, &deadline);
     while (!done() && !deadline.passed) pa_threaded_mainloop_wait(loop_);
     pa_threaded_mainloop_get_api(loop_)->time_free(timer);
     if (done()) return true;

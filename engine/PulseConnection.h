@@ -40,17 +40,21 @@ public:
 
     // ---- all that follows: with the lock held
 
-    /// Whether the server answers; connects if need be. After a server has kept a caller waiting for the
-    /// whole limit, false at once for ten seconds.
+    /// Whether the server answers; connects if need be. It and the waits that follow it last 0.9 s together
+    /// at most. After a server has kept a caller waiting for all of that, false at once for ten seconds.
     bool connect();
 
     pa_context* context() const { return context_; }
 
-    /// Waits until `done`, at most a second; the callbacks that change what it looks at call `signal`.
+    /// Waits until `done`, or in vain until the time is up; the callbacks that change what it looks at call
+    /// `signal`.
     bool waitFor(const std::function<bool()>& done);
 
     /// Waits for the answer to `operation`; false when it didn't come.
     bool finish(PulseOperation operation);
+
+    /// Gives up all streams; the next `connect` begins anew.
+    void dropContext();
 
     /// Also in callbacks.
     void signal() { pa_threaded_mainloop_signal(loop_, 0); }
@@ -60,10 +64,10 @@ private:
 
     bool runLoop();
     bool openContext();
-    void dropContext();
 
     pa_threaded_mainloop* loop_;
     pa_context* context_ = nullptr;
     bool running_ = false;
+    Clock::time_point waitUntil_ = Clock::time_point::min();
     Clock::time_point silentUntil_ = Clock::time_point::min();
 };

@@ -18,7 +18,10 @@ bool PulseOut::start(const std::string& device, PcmFormat format, PcmPull pull)
     close();
     pull_ = std::move(pull);
     if (connection_->connect() && open(device, format)) return true;
+    // A server that is late would make the stream yet, and keep it as long as the connection lasts.
+    const bool isYetToCome = stream_ && pa_stream_get_state(stream_) == PA_STREAM_CREATING;
     close();
+    if (isYetToCome) connection_->dropContext();
     return false;
 }
 

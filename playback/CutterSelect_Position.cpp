@@ -16,15 +16,15 @@ void CutterSelect::Fwd1Sec_Click()
         const double p = TotalSamples / width * Line2.X1() + step;
         const auto x =
             static_cast<Twips>(p > TotalSamples ? width : width / TotalSamples * step + Line2.X1());
-        Line2.setX(x);
-        Line6.setX(x);
-        IndicTime.setLeft(x - IndicTime.Width() / 2);
+        placeBothLines(x);
     } else {
-        const double p = FileR->GetTotalSamples() / width * Line2.X1() + step;
-        reposition(p > TotalSamples ? TotalSamples : toLong(TotalSamples / width * Line2.X1() + step));
+        reposition([&] {
+            const double p = FileR->GetTotalSamples() / width * Line2.X1() + step;
+            return p > TotalSamples ? TotalSamples : toLong(TotalSamples / width * Line2.X1() + step);
+        });
     }
-    showPositionOf(
-        positionSample());    // Kept: in play the line has not moved yet, so this is the place before
+    // Kept: in play the line has not moved yet, so this is the place before.
+    showPositionOf(positionSample());
 }
 
 void CutterSelect::Rew1Sec_Click()
@@ -35,12 +35,12 @@ void CutterSelect::Rew1Sec_Click()
     if (!PlayFeeding) {
         const double p = TotalSamples / width * Line2.X1() - step;
         const auto x = static_cast<Twips>(p < 0 ? 0 : Line2.X1() - width / TotalSamples * step);
-        Line2.setX(x);
-        Line6.setX(x);
-        IndicTime.setLeft(x - IndicTime.Width() / 2);
+        placeBothLines(x);
     } else {
-        const double p = FileR->GetTotalSamples() / width * Line2.X1() - step;
-        reposition(p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step));    // Kept: sample 1, not 0
+        reposition([&] {
+            const double p = FileR->GetTotalSamples() / width * Line2.X1() - step;
+            return p < 0 ? 1 : toLong(TotalSamples / width * Line2.X1() - step);    // Kept: sample 1, not 0
+        });
     }
     showPositionOf(positionSample());
 }
@@ -63,7 +63,8 @@ void CutterSelect::IndicTime_MouseMove(Twips X)
     Line2.setX(std::max(IndicTime.Left() + IndicTime.Width() / 2, 0.0f));
     followHighlight();
     giveWay();
-    if (IsPlaying) reposition(sampleOfX(Picture1.Width(), FileR->GetTotalSamples(), Line2.X1()));
+    if (IsPlaying)
+        reposition([&] { return sampleOfX(Picture1.Width(), FileR->GetTotalSamples(), Line2.X1()); });
     showPositionOf(positionSample());
 }
 
@@ -84,4 +85,10 @@ void CutterSelect::placePositionLine(Twips x)
 {
     Line2.setX(x);
     IndicTime.setLeft(x - IndicTime.Width() / 2);
+}
+
+void CutterSelect::placeBothLines(Twips x)
+{
+    placePositionLine(x);
+    Line6.setX(x);
 }

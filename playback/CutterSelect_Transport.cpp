@@ -24,7 +24,7 @@ void CutterSelect::PlayFile(const QString&)
         FeedPlayer();
         FeedPlayer();
     } catch (const std::exception&) {
-        MsgBox(langText(75), Icon::Exclamation);
+        failPlay();
     }
 }
 
@@ -48,11 +48,22 @@ void CutterSelect::PlayRange(const QString& path, std::int32_t start, std::int32
         FeedPlayer();    // one array plays while
         FeedPlayer();    // the next lies ready
     } catch (const std::exception&) {
-        MsgBox(langText(75), Icon::Exclamation);
+        failPlay();
     }
 }
 
-// Kept: where the device can't be opened the reader is closed without a word, and `IsPlaying` stays.
+// The flags stay as they are. The stream ends first: under the message it would ask for more, and fail again.
+void CutterSelect::failPlay()
+{
+    try {
+        AudioPlayer->Stop();
+    } catch (const std::exception&) {
+    }
+    MsgBox(langText(75), Icon::Exclamation);
+}
+
+// Kept: where the device can't be opened the reader is closed without a word, and `IsPlaying` stays; of the
+// whole file `PlayFeeding` stays too.
 bool CutterSelect::startPlayer()
 {
     IsPlaying = true;
@@ -62,6 +73,7 @@ bool CutterSelect::startPlayer()
     return false;
 }
 
+// Kept: an array of a single sample, which a mono part can end with, isn't played.
 void CutterSelect::FeedPlayer()
 {
     if (!PlayFeeding) return;
@@ -143,14 +155,14 @@ void CutterSelect::positionToStart()
     Label2.setText(QString::fromLatin1(zeroTime));
 }
 
-// The stream goes on from another place. Kept: a part in play keeps its count, so it plays on for the rest of its
-// length. There is no stream where the device couldn't be opened: the reader is closed and `IsPlaying` is
+// The stream goes on from another place. Kept: a part in play keeps its count, so it plays on for the rest of
+// its length. There is no stream where the device couldn't be opened: the reader is closed and `IsPlaying` is
 // still set.
-void CutterSelect::reposition(std::int32_t sample)
+void CutterSelect::reposition(const std::function<std::int32_t()>& place)
 {
     if (FileR->IsClosed()) return;
     AudioPlayer->ClearQueue();
-    PlayPosition = FileR->Seek(sample);
+    PlayPosition = FileR->Seek(place());
     FeedPlayer();
     FeedPlayer();
 }

@@ -3,7 +3,6 @@
 
 namespace {
 
-constexpr std::int32_t fullVolume = 65535;
 const QString soundPicture = QStringLiteral("volume");
 const QString mutedPicture = QStringLiteral("mute");
 
@@ -36,6 +35,7 @@ void CutterSelect::Image14_MouseMove(Twips X)
     }
 }
 
+// Kept: while it is mute the volume is set all the same, and the picture still says mute.
 void CutterSelect::Image14_MouseUp()
 {
     AudioPlayer->SetVolume(toLong(volumeAt(Image14, Picture5, VolumeMoved)));

@@ -70,11 +70,7 @@ void CutterSelect::resetTools()
 
 void CutterSelect::restoreBaseWidth()
 {
-    Picture1.setLeft(0);
-    Picture1.setWidth(baseWidth(Picture4.Width()));
-    Picture2.setWidth(Picture1.Width());
-    Picture3.setWidth(Picture1.Width());
-    Line7.setX2(Picture3.Width());
+    takeBaseWidth();
     DrawRulerAndMarkers();
     Line1.setX2(Picture1.Width());
     MonScroll.setRange(1, 1);

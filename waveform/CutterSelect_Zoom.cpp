@@ -22,9 +22,7 @@ void CutterSelect::hidePosition()
 void CutterSelect::showPositionAt(std::int32_t sample)
 {
     const Twips x = twipsOfSample(Picture1.Width(), TotalSamples, sample);
-    Line2.setX(x);
-    Line6.setX(x);
-    IndicTime.setLeft(x - IndicTime.Width() / 2);
+    placeBothLines(x);
     Line2.setVisible(true);
     IndicTime.setVisible(true);
 }
@@ -35,6 +33,15 @@ void CutterSelect::zoomTo(Twips width)
     // The toolkit's bar would drag its minimum down to a maximum below it.
     MonScroll.setRange(1, std::max<int>(1, scrollMaximum(width, Picture4.Width())));
     DrawWaveform();
+}
+
+void CutterSelect::takeBaseWidth()
+{
+    Picture1.setLeft(0);
+    Picture1.setWidth(baseWidth(Picture4.Width()));
+    Picture2.setWidth(Picture1.Width());
+    Picture3.setWidth(Picture1.Width());
+    Line7.setX2(Picture3.Width());
 }
 
 void CutterSelect::zoomIn()
@@ -68,11 +75,7 @@ void CutterSelect::zoomOut()
         ClearPartDetails();
         return;
     }
-    Picture1.setLeft(0);
-    Picture1.setWidth(baseWidth(Picture4.Width()));
-    Picture2.setWidth(Picture1.Width());
-    Picture3.setWidth(Picture1.Width());
-    Line7.setX2(Picture3.Width());
+    takeBaseWidth();
     MonScroll.setRange(1, 1);
     Picture1.setLeft(0);
     DrawWaveform();
@@ -87,11 +90,7 @@ void CutterSelect::restoreAspect()
     Toolbar1.Buttons(5).setEnabled(false);
     Toolbar1.Buttons(6).setEnabled(false);
     ZoomLevel = 0;
-    Picture1.setLeft(0);
-    Picture1.setWidth(baseWidth(Picture4.Width()));
-    Picture2.setWidth(Picture1.Width());
-    Picture3.setWidth(Picture1.Width());
-    Line7.setX2(Picture3.Width());
+    takeBaseWidth();
     Picture1.Cls();
     Picture3.Cls();
     DrawRulerAndMarkers();

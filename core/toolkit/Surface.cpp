@@ -261,10 +261,7 @@ void Surface::mouseMoveEvent(QMouseEvent* event)
     const double x = event->position().x() * twipsPerPixel, y = event->position().y() * twipsPerPixel;
     // A press that began elsewhere (on a handle that is hidden now) leaves this surface free to hit its own,
     // and so does one whose release went to a menu.
-    if (event->buttons() == Qt::NoButton) {
-        isPressed_ = false;
-        grabber_ = nullptr;
-    }
+    if (event->buttons() == Qt::NoButton) releaseLost(x, y);
     GraphicImage* image = grabber_ ? grabber_ : isPressed_ ? nullptr : imageAt(x, y);
     const int button = event->buttons() & Qt::LeftButton    ? leftButton
                        : event->buttons() & Qt::RightButton ? rightButton
@@ -277,6 +274,16 @@ void Surface::mouseMoveEvent(QMouseEvent* event)
         image->onMouseMove(button, shift, static_cast<Twips>(x - image->Left()),
                            static_cast<Twips>(y - image->Top()));
     }
+}
+
+// The release went to a dialog or a menu that came up meanwhile: what was dragged is let go here.
+void Surface::releaseLost(double x, double y)
+{
+    isPressed_ = false;
+    const GraphicImage* image = std::exchange(grabber_, nullptr);
+    if (image && image->onMouseUp)
+        image->onMouseUp(buttonOf(grabButton_), 0, static_cast<Twips>(x - image->Left()),
+                         static_cast<Twips>(y - image->Top()));
 }
 
 void Surface::mouseReleaseEvent(QMouseEvent* event)

@@ -71,6 +71,7 @@ private:
     void paintBackground();
     GraphicImage* imageAt(double x, double y) const;
     void showCursorFor(const GraphicImage* image);
+    void releaseLost(double x, double y);
 
     Twips left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     QColor backColor_;

@@ -16,7 +16,7 @@ void end(int status)
 void showAndEnd(const std::exception& error)
 {
     static bool dying = false;
-    if (dying) _exit(1);    // a second error while the box is up
+    if (dying) return;    // what goes on behind the box may fail again; the user still reads of the first
     dying = true;
 
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Quillon"), QString::fromUtf8(error.what()));

@@ -71,6 +71,7 @@ void win_handle_trouble::aDragWhoseReleaseWasLostEndsWithTheNextMove()
     pressHandle(form, 1);
     pullTo(form, 4000);
     moveTo(form.Picture1, 6000, inWave);    // no button is down
+    QVERIFY(!form.BopDrag && form.PicInfos.isHidden());
     QCOMPARE(cutting.cuts(), (Samples{403000, 900000}));
     moveTo(form.Picture1, 7000, inWave);
     QCOMPARE(cutting.cuts(), (Samples{403000, 900000}));

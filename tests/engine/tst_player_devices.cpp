@@ -14,6 +14,8 @@ private slots:
     void aDeviceThatGoesIsTheEnd();
     void aServerWithoutADeviceFails();
     void aServerThatStoppedAnsweringFails();
+    void aServerThatStoppedAnsweringInPlayKeepsNobodyWaiting();
+    void aStreamThatComesTooLateIsNotLeftBehind();
     void aServerThatCameBackIsFound();
 };
 
@@ -75,6 +77,35 @@ void tst_player_devices::aServerThatStoppedAnsweringFails()
     server_->thaw();
     QVERIFY(player_->GetFailed());
     QCOMPARE(player_->GetDeviceCount(), 0);
+}
+
+void tst_player_devices::aServerThatStoppedAnsweringInPlayKeepsNobodyWaiting()
+{
+    Feeder feeder(*player_, 1, 400000);
+    feeder.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!feeder.positions.empty() && feeder.positions.back() > 0, patienceMs);
+    server_->freeze();
+    feeder.goTo(200001);
+    player_->Stop();
+    feeder.start();
+    player_.reset();
+    server_->thaw();
+    QCOMPARE(feeder.ends, 0);
+}
+
+void tst_player_devices::aStreamThatComesTooLateIsNotLeftBehind()
+{
+    QCOMPARE(player_->GetDeviceCount(), 2);    // there is a connection
+    server_->freeze();
+    player_->Start();
+    QVERIFY(player_->GetFailed());
+    server_->thaw();
+    const auto isGone = [this] {
+        const QByteArray answer = server_->ask({"list", "sink-inputs"});
+        return !answer.contains("Quillon") && server_->ask({"list", "clients"}).contains("pactl");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isGone(), patienceMs);
+    QVERIFY(isGone());    // and doesn't come
 }
 
 void tst_player_devices::aServerThatCameBackIsFound()

@@ -51,6 +51,7 @@ private slots:
     void aDragOfAStoppedFileLeavesTheEngineAlone();
     void theStreamJumpsAtEveryMoveDuringPlay();
     void theClockWritesThePositionDuringADrag();
+    void aDragWhoseReleaseWasLostEndsWithTheNextMove();
 };
 
 void win_time_drag::aDragMovesTheLineByTheWayOfThePointer()
@@ -212,6 +213,20 @@ void win_time_drag::theClockWritesThePositionDuringADrag()
     fixture.engine.player->Timer(testRate, 0, 0);
     QCOMPARE(form.Label2.text(), QStringLiteral("00:01.500"));
     QCOMPARE(form.Line2.X1(), x);
+}
+
+// A dialog that came up meanwhile took the release. The line follows the play again.
+void win_time_drag::aDragWhoseReleaseWasLostEndsWithTheNextMove()
+{
+    FormFixture fixture;
+    auto& form = fixture.open(fakeSound(tenSeconds));
+    pressButton(form.Toolbar1, playButton);
+    pressAt(form.Picture1, {grip, handleRow});
+    QVERIFY(form.TimeDrag);
+    moveTo(form.Picture1, {300, 100}, Qt::NoButton);
+    QVERIFY(!form.TimeDrag);
+    fixture.engine.player->Timer(2 * testRate, 0, 0);
+    QCOMPARE(form.Line2.X1(), static_cast<Twips>(2 * testRate / (tenSeconds / 10420.0)));
 }
 
 QTEST_MAIN(win_time_drag)

@@ -38,6 +38,7 @@ private slots:
     void aShortPartIsOneBlockAndTheSecondReadsNothing();
     void onceAPartIsFedFurtherRequestsChangeNothing();
     void aPartThatIsFedTooFarStops();
+    void aSingleSampleThatAMonoPartEndsWithIsNotPlayed();
     void everyWayOfPlayingAPartPlaysIt_data();
     void everyWayOfPlayingAPartPlaysIt();
     void withoutASelectedPartAMessageAsksForOne();
@@ -156,6 +157,17 @@ void win_transport::aPartThatIsFedTooFarStops()
     fixture.engine.player->RequestOnLoadArray();
     QCOMPARE(journal().commands(), (QStringList{"AudioPlayer.Stop"}));
     QVERIFY(!form.IsPlaying);
+}
+
+void win_transport::aSingleSampleThatAMonoPartEndsWithIsNotPlayed()
+{
+    FormFixture fixture;
+    auto& form = fixture.open(fakeSound(300000, testRate, 1), {100001, 200000});
+    fixture.pressBarOfRow(1);
+    journal().clear();
+    form.Image9.click();
+    QCOMPARE(journal().commandsOf("(FileR.ReadArray|AudioPlayer.PlayArray)"),
+             (QStringList{"FileR.ReadArray 100000", "AudioPlayer.PlayArray 100000", "FileR.ReadArray 1"}));
 }
 
 void win_transport::everyWayOfPlayingAPartPlaysIt_data()

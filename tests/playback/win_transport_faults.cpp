@@ -34,6 +34,7 @@ private slots:
     void aFaultInPlayingAPartIsTold_data();
     void aFaultInPlayingAPartIsTold();
     void aFaultLeavesTheStateThatWasReached();
+    void theStreamEndsBeforeAFaultIsTold();
     void aDeviceThatFailsClosesTheReaderWithoutAWord();
     void aDeviceThatFailsForTheFileLeavesBothFlags();
     void aDeviceThatFailsForAPartLeavesOneFlag();
@@ -50,7 +51,8 @@ void win_transport_faults::aFaultInPlayingTheFileIsTold_data()
 {
     QTest::addColumn<QString>("call");
     for (const char* call : {"FileR.Seek", "AudioPlayer.SetFormat", "AudioPlayer.Start", "FileR.ReadArray",
-                             "AudioPlayer.PlayArray", "FileR.GetTotalSamples", "FileR.GetOutputRate"})
+                             "AudioPlayer.PlayArray", "FileR.GetTotalSamples", "FileR.GetOutputRate",
+                             "FileR.IsClosed", "FileR.GetChannels"})
         QTest::addRow("%s", call) << call;
 }
 
@@ -91,6 +93,18 @@ void win_transport_faults::aFaultLeavesTheStateThatWasReached()
     fixture.engine.failing = {QStringLiteral("AudioPlayer.PlayArray")};
     form.Image9.click();
     QVERIFY(form.IsPlaying && form.PlayFeeding);
+}
+
+// Under the message the player would ask for the next array, and that would fail with nobody to trap it.
+void win_transport_faults::theStreamEndsBeforeAFaultIsTold()
+{
+    FormFixture fixture;
+    auto& form = withAPart(fixture);
+    fixture.engine.failing << QStringLiteral("FileR.ReadArray");
+    form.Image9.click();
+    const QStringList calls = journal().commandsOf(QStringLiteral("(AudioPlayer.St|MsgBox)"));
+    QCOMPARE(calls, (QStringList{"AudioPlayer.Start", "AudioPlayer.Stop",
+                                 "MsgBox Exclamation [Quillon]: " + langText(75)}));
 }
 
 void win_transport_faults::aDeviceThatFailsClosesTheReaderWithoutAWord()

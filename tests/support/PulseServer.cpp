@@ -109,12 +109,24 @@ bool PulseServer::answers()
 
 bool PulseServer::control(const QStringList& arguments)
 {
-    pid_t pactl = run(QStringList{"pactl"} + arguments);
+    return finishes(run(QStringList{"pactl"} + arguments));
+}
+
+QByteArray PulseServer::ask(const QStringList& arguments)
+{
+    QFile answer(folder_.filePath("answer"));
+    if (!finishes(run(QStringList{"pactl"} + arguments, answer.fileName()))) return {};
+    return answer.open(QIODevice::ReadOnly) ? answer.readAll() : QByteArray();
+}
+
+// True when it ended well within our patience.
+bool PulseServer::finishes(pid_t child) const
+{
     int status = -1;
-    const auto finished = [&] { return ::waitpid(pactl, &status, WNOHANG) == pactl; };
-    if (pactl == 0) return false;
+    const auto finished = [&] { return ::waitpid(child, &status, WNOHANG) == child; };
+    if (child == 0) return false;
     if (QTest::qWaitFor(finished, patienceMs)) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    endNow(pactl);
+    endNow(child);
     return false;
 }
 

@@ -28,6 +28,8 @@ public:
 
     /// Runs one command of `pactl` on the server, such as {"load-module", "module-null-sink"}.
     bool control(const QStringList& arguments);
+    /// The same, and what it printed; "" where it failed.
+    QByteArray ask(const QStringList& arguments);
 
     void kill();      ///< at once, as a crash
     void freeze();    ///< keeps its connections and answers no more
@@ -36,6 +38,7 @@ public:
 private:
     bool answers();
     pid_t run(const QStringList& command, const QString& output = {}) const;
+    bool finishes(pid_t child) const;
     QString recordingPath() const;
 
     QTemporaryDir folder_;
