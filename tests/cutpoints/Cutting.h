@@ -17,26 +17,32 @@ inline const FakeSound& song()
     return sound;
 }
 
-/// Sends one mouse event to a surface, at a place in twips.
+/// Logical pixels of a place in twips.
+inline QPointF pixels(double x, double y)
+{
+    return {x / twipsPerPixel, y / twipsPerPixel};
+}
+
+/// The mouse of support/Mouse.h, at places in twips.
 inline void mouse(QWidget& on, QEvent::Type type, double x, double y, Qt::MouseButton button = Qt::NoButton,
                   Qt::MouseButtons held = Qt::NoButton)
 {
-    sendMouse(on, type, QPointF(x / twipsPerPixel, y / twipsPerPixel), button, held);
+    sendMouse(on, type, pixels(x, y), button, held);
 }
 
 inline void pressAt(QWidget& on, double x, double y, Qt::MouseButton button = Qt::LeftButton)
 {
-    mouse(on, QEvent::MouseButtonPress, x, y, button, button);
+    pressAt(on, pixels(x, y), button);
 }
 
 inline void moveTo(QWidget& on, double x, double y, Qt::MouseButtons held = Qt::NoButton)
 {
-    mouse(on, QEvent::MouseMove, x, y, Qt::NoButton, held);
+    moveTo(on, pixels(x, y), held);
 }
 
 inline void releaseAt(QWidget& on, double x, double y, Qt::MouseButton button = Qt::LeftButton)
 {
-    mouse(on, QEvent::MouseButtonRelease, x, y, button);
+    releaseAt(on, pixels(x, y), button);
 }
 
 inline void clickAt(QWidget& on, double x, double y, Qt::MouseButton button = Qt::LeftButton)

@@ -183,8 +183,12 @@ void win_mp3_controls::thePageKeyMovesTheSliderByTwo()
 {
     Desk desk;
     desk.openMp3([](frmMP3& dialog) {
-        press(dialog.sldrBitrate, Qt::Key_PageUp);
-        QCOMPARE(dialog.sldrBitrate.value(), 11);
+        for (SettingsSlider* slider : {&dialog.sldrBitrate, &dialog.sldrQuality}) {
+            slider->setValue(4);
+            press(*slider, Qt::Key_PageUp);
+            QCOMPARE(slider->value(), 6);
+        }
+        QCOMPARE(dialog.sldrVbrBitrate.pageStep(), 2);
     });
 }
 

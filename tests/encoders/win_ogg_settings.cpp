@@ -12,6 +12,7 @@ private slots:
     void aRefusalLeavesTheFormatLine();
 
     void theMinimumIsWhatStaysInKeySix();
+    void theMinimumOfARunIsTheConstantBitrateOfTheNextSetUp();
     void vbrIsCheckedAndSetWithItsLimits();
     void aBitrateAloneHasNoLimits();
     void qualityWinsOverVbr();
@@ -110,6 +111,23 @@ void win_ogg_settings::theMinimumIsWhatStaysInKeySix()
         click(dialog.cmdOk);
     });
     QCOMPARE(storedKeys(desk), (QStringList{"0", "1", "44100", "2", "300", "96", "256"}));
+}
+
+void win_ogg_settings::theMinimumOfARunIsTheConstantBitrateOfTheNextSetUp()
+{
+    Desk desk;
+    desk.openOgg([](frmOgg& dialog) {
+        click(dialog.chVbr);
+        move(dialog.sldrBitrate, 9);
+        move(dialog.sldrMinBitrate, 7);
+        click(dialog.chVbr);
+        click(dialog.cmdOk);
+    });
+    QCOMPARE(storedKeys(desk).at(5), QString("96"));
+    desk.writer->calls.clear();
+    desk.form.ApplyOggSettings();
+    QCOMPARE(desk.writer->calls, (QStringList{"IsFormatOggVorbisAvailable 44100 2 96 0 0",
+                                              "SetFormatOggVorbis 44100 2 96 0 0 -1"}));
 }
 
 void win_ogg_settings::vbrIsCheckedAndSetWithItsLimits()

@@ -1,11 +1,16 @@
 // The controls of the three settings dialogs by name, their fixed texts, and the way of the Tab key.
 #include "encoders/EncoderFixtures.h"
 
+#include <QTabWidget>
+
 class win_settings_layout : public QObject {
     Q_OBJECT
 private slots:
     void everyControlHasItsName_data();
     void everyControlHasItsName();
+    void aDialogHasItsTitle();
+    void theTabsStandInOrder();
+    void theWmaProfilesRunFromOne();
     void aCaptionIsFixed_data();
     void aCaptionIsFixed();
     void aListHasItsRows_data();
@@ -98,6 +103,30 @@ void win_settings_layout::everyControlHasItsName()
     for (const QString& name : names) QVERIFY2(dialog.findChild<QWidget*>(name), qPrintable(name));
 }
 
+void win_settings_layout::aDialogHasItsTitle()
+{
+    Desk desk;
+    QCOMPARE(formNamed(desk, "frmMP3").windowTitle(), QString("MP3 Lame 3.98 Encoder Option"));
+    QCOMPARE(formNamed(desk, "frmOgg").windowTitle(), QString("Ogg Vorbis Option"));
+    QCOMPARE(formNamed(desk, "frmWMA").windowTitle(), QString("WMA Options"));
+}
+
+void win_settings_layout::theTabsStandInOrder()
+{
+    Desk desk;
+    const auto* tabs = formNamed(desk, "frmMP3").findChild<QTabWidget*>("tabMP3");
+    QStringList captions;
+    for (int i = 0; i < tabs->count(); ++i) captions << tabs->tabText(i);
+    QCOMPARE(captions,
+             (QStringList{"General", "Filtering", "VBR", "Expert", "Preset", "Alt-Preset", "Command Line"}));
+}
+
+void win_settings_layout::theWmaProfilesRunFromOne()
+{
+    Desk desk;
+    desk.openWma([](frmWMA& dialog) { QCOMPARE(dialog.udWMAProfile.minimum(), 1); });
+}
+
 void win_settings_layout::aCaptionIsFixed_data()
 {
     QTest::addColumn<QString>("form");
@@ -132,11 +161,22 @@ void win_settings_layout::aCaptionIsFixed_data()
     row("frmMP3", "chErrorProtection", "include CRC -Checksums");
     row("frmMP3", "Label10", "ATH Control:");
     row("frmMP3", "Label12", "De-emphasis :");
+    row("frmMP3", "opPreset(1)", "Phone");
+    row("frmMP3", "opPreset(2)", "SW");
     row("frmMP3", "opPreset(3)", "AM");
+    row("frmMP3", "opPreset(4)", "FM");
+    row("frmMP3", "opPreset(5)", "Voice");
+    row("frmMP3", "opPreset(6)", "Radio");
+    row("frmMP3", "opPreset(7)", "Tape");
     row("frmMP3", "opPreset(8)", "HiFi");
+    row("frmMP3", "opPreset(9)", "CD");
+    row("frmMP3", "opPreset(10)", "Studio");
     row("frmMP3", "opPreset(11)", "R3Mix");
     row("frmMP3", "opAltPreset(1)", "Fast Standard");
+    row("frmMP3", "opAltPreset(2)", "Standard");
+    row("frmMP3", "opAltPreset(3)", "Fast Extreme");
     row("frmMP3", "opAltPreset(4)", "Extrene");
+    row("frmMP3", "opAltPreset(5)", "Insane");
     row("frmMP3", "cmdOk", "Ok");
     row("frmMP3", "cmdCancel", "Cancel");
     row("frmMP3", "cmdApply", "Apply");

@@ -130,4 +130,14 @@ private:
     QTemporaryDir folder_;
 };
 
+/// Saves the sound as MP3 with the properties and returns the file's bytes.
+inline QByteArray coded(const Mp3Format& format, const SampleArray& sound)
+{
+    Folder folder;
+    FileWriter writer;
+    writer.SetFormatMP3Ex(format);
+    save(writer, folder / "a.mp3", sound);
+    return contents(folder / "a.mp3");
+}
+
 }

@@ -70,6 +70,7 @@ private:
     template <typename Function>
     Function find(const char* name) const
     {
+        if (!library_) qFatal("no LAME library to ask");
         return reinterpret_cast<Function>(::dlsym(library_, name));
     }
     void set(const char* name, int value) { find<int (*)(lame_t, int)>(name)(lame_, value); }

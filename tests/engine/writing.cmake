@@ -1,4 +1,5 @@
 foreach(name
+        tst_mp3_bitrates
         tst_mp3_format_commands
         tst_mp3_format_presets
         tst_tags_mp3
@@ -8,6 +9,7 @@ foreach(name
         tst_write_faults
         tst_write_formats
         tst_write_mp3
+        tst_write_mp3_properties
         tst_write_ogg
         tst_write_wav
         tst_write_wma)

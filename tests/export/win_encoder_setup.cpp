@@ -100,8 +100,12 @@ void win_encoder_setup::theKeysOfMp3ReachTheFormatObject()
 void win_encoder_setup::anUnreadableKeyLeavesItsPropertyAndTheNextAreRead()
 {
     Start start{{"Mp3", "2", "abc"}, {"Mp3", "3", "64"}, {"Mp3", "22", "False"}};
-    const Mp3Format& format = *start.load().MP3LameEncoderMain;
-    QCOMPARE(format.AthControl, std::int16_t{0});
+    CutterSelect& form = start.load();
+    Mp3Format& format = *form.MP3LameEncoderMain;
+    format.AthControl = 2;
+    format.FormatBitrate = 32;
+    form.ApplyMp3Settings();
+    QCOMPARE(format.AthControl, std::int16_t{2});
     QCOMPARE(format.FormatBitrate, 64);
     QVERIFY(!format.WriteVbrHeader);
 }

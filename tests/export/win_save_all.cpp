@@ -1,5 +1,5 @@
-// Saving all parts from the real window: the names, the order of the calls, what Cancel does, and the table's
-// order.
+// Saving all parts from the real window: what is asked, the order of the calls, the progress, and what Cancel
+// does.
 #include "export/Saving.h"
 
 class win_save_all : public QObject {
@@ -7,8 +7,6 @@ class win_save_all : public QObject {
 private slots:
     void theOrderOfASaveOfTwoParts();
     void wavPartsGetNoTags();
-    void oneCutGivesTwoFiles();
-    void threePartsAreTheStretchesBetweenTheCuts();
     void withoutACutNothingIsAsked();
     void withoutAFileNothingIsAsked();
     void duringAScanNothingIsAsked();
@@ -16,14 +14,6 @@ private slots:
     void aFileThatPlaysIsStoppedBeforeItsPartsAreCopied();
     void theChooserHasItsPrompt();
     void aClosedSourceEndsTheRunWithoutAMessage();
-
-    void theFileNames_data();
-    void theFileNames();
-    void aFolderThatEndsInASeparatorGetsNoSecondOne();
-    void theSeparatorIsAppendedForTheCallerToo();
-    void aSeparatorInATitleBecomesPartOfThePath();
-    void twoPartsOfOneTitleMakeOneFileAndTheSecondWins();
-    void anExistingFileIsReplacedWithoutAQuestion();
 
     void theWriterIsSetUpForEachPart_data();
     void theWriterIsSetUpForEachPart();
@@ -35,10 +25,6 @@ private slots:
     void cancelOnTheFirstOfFivePartsStillLeavesFiveFiles_data();
     void cancelOnTheFirstOfFivePartsStillLeavesFiveFiles();
     void afterTheCloseBoxTheDialogIsShownAgain();
-
-    void titlesGoByTheOrderInWhichTheCutsWereMade();
-    void afterADeletionTheLastButOneFileIsMissing();
-    void afterADeletionTheRestOfTwoPartsIsOneFile();
 };
 
 void win_save_all::theOrderOfASaveOfTwoParts()
@@ -68,24 +54,6 @@ void win_save_all::wavPartsGetNoTags()
     Saving saving("WAV");
     saving.saveAll();
     QCOMPARE(journal().commandsOf("AudioTags"), QStringList());
-}
-
-void win_save_all::oneCutGivesTwoFiles()
-{
-    Saving saving("WAV", {4000});
-    saving.saveAll();
-    QCOMPARE(saving.files(), (QStringList{"/out/song-Part 1.wav", "/out/song-Part 2.wav"}));
-    QVERIFY(saving.written("/out/song-Part 1.wav") == saving.stretch(0, 4000));
-    QVERIFY(saving.written("/out/song-Part 2.wav") == saving.stretch(4000, songLength));
-}
-
-void win_save_all::threePartsAreTheStretchesBetweenTheCuts()
-{
-    Saving saving("WAV");
-    saving.saveAll();
-    QVERIFY(saving.written("/out/song-Part 1.wav") == saving.stretch(0, 3000));
-    QVERIFY(saving.written("/out/song-Part 2.wav") == saving.stretch(3000, 7000));
-    QVERIFY(saving.written("/out/song-Part 3.wav") == saving.stretch(7000, songLength));
 }
 
 void win_save_all::withoutACutNothingIsAsked()
@@ -152,79 +120,6 @@ void win_save_all::aClosedSourceEndsTheRunWithoutAMessage()
     saving.saveAll();
     QCOMPARE(journal().commands(), QStringList{"dialog folder"});
     QVERIFY(saving.form.isEnabled() && !ProgressForm.loaded());
-}
-
-void win_save_all::theFileNames_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("untitled");
-    QTest::addColumn<QString>("titled");
-    QTest::addRow("MP3") << "MP3"
-                         << "/out/song-Part 1.mp3"
-                         << "/out/End.MP3";
-    QTest::addRow("Ogg Vorbis") << "OGG"
-                                << "/out/song-Part 1.ogg"
-                                << "/out/End.OGG";
-    QTest::addRow("WMA") << "WMA"
-                         << "/out/song-Part 1.wma"
-                         << "/out/End.WMA";
-    QTest::addRow("WAV") << "WAV"
-                         << "/out/song-Part 1.wav"
-                         << "/out/End.WAV";
-}
-
-void win_save_all::theFileNames()
-{
-    QFETCH(QString, format);
-    QFETCH(QString, untitled);
-    QFETCH(QString, titled);
-    Saving saving(format, {3000});
-    saving.title(2, "End");
-    saving.saveAll();
-    QCOMPARE(journal().commandsOf("FileWenc.Create"),
-             (QStringList{"FileWenc.Create " + untitled, "FileWenc.Create " + titled}));
-}
-
-void win_save_all::aFolderThatEndsInASeparatorGetsNoSecondOne()
-{
-    Saving saving("WAV", {3000});
-    saving.saveAll("/");
-    QCOMPARE(journal().commandsOf("FileWenc.Create").first(), QString("FileWenc.Create /song-Part 1.wav"));
-}
-
-void win_save_all::theSeparatorIsAppendedForTheCallerToo()
-{
-    Saving saving("WAV");
-    QString folder = "/out";
-    saving.form.SaveEveryPart(folder, "WAV");
-    QCOMPARE(folder, QString("/out/"));
-}
-
-void win_save_all::aSeparatorInATitleBecomesPartOfThePath()
-{
-    Saving saving("WAV", {3000});
-    saving.title(1, "side/one");
-    saving.saveAll();
-    QVERIFY(saving.exists("/out/side/one.WAV"));
-}
-
-void win_save_all::twoPartsOfOneTitleMakeOneFileAndTheSecondWins()
-{
-    Saving saving("WAV", {3000});
-    saving.title(1, "Same");
-    saving.title(2, "Same");
-    saving.saveAll();
-    QCOMPARE(saving.files(), QStringList{"/out/Same.WAV"});
-    QVERIFY(saving.written("/out/Same.WAV") == saving.stretch(3000, songLength));
-}
-
-void win_save_all::anExistingFileIsReplacedWithoutAQuestion()
-{
-    Saving saving("WAV", {3000});
-    saving.fixture.engine.disk["/out/song-Part 1.wav"] = fakeSound(99);
-    saving.saveAll();
-    QCOMPARE(messages(), QStringList());
-    QVERIFY(saving.written("/out/song-Part 1.wav") == saving.stretch(0, 3000));
 }
 
 void win_save_all::theWriterIsSetUpForEachPart_data()
@@ -325,40 +220,6 @@ void win_save_all::afterTheCloseBoxTheDialogIsShownAgain()
     };
     saving.saveAll();
     QCOMPARE(visible, (QList<bool>{true, true, true}));
-}
-
-void win_save_all::titlesGoByTheOrderInWhichTheCutsWereMade()
-{
-    Saving saving("WAV", {7000, 3000});
-    saving.title(2, "middle");
-    saving.title(3, "end");
-    saving.saveAll();
-    // Record 1 is the cut made first, at 7000; the stretches go by place.
-    QVERIFY(saving.written("/out/end.WAV") == saving.stretch(3000, 7000));
-    QVERIFY(saving.written("/out/middle.WAV") == saving.stretch(7000, songLength));
-}
-
-void win_save_all::afterADeletionTheLastButOneFileIsMissing()
-{
-    Saving saving("WAV", {3000, 6000, 9000});
-    saving.select(2);
-    saving.form.DeleteEntryCutPoint.trigger();
-    QCOMPARE(saving.form.ListView1.rowCount(), 3);
-    saving.saveAll();
-    QCOMPARE(saving.files(), (QStringList{"/out/song-Part 1.wav", "/out/song-Part 2.wav"}));
-    QVERIFY(saving.written("/out/song-Part 1.wav") == saving.stretch(0, 6000));
-    QVERIFY(saving.written("/out/song-Part 2.wav") == saving.stretch(9000, songLength));
-}
-
-void win_save_all::afterADeletionTheRestOfTwoPartsIsOneFile()
-{
-    Saving saving("WAV");
-    saving.select(2);
-    saving.form.DeleteEntryCutPoint.trigger();
-    QCOMPARE(CutCount, 1);
-    saving.saveAll();
-    QCOMPARE(saving.files(), QStringList{"/out/song-Part 1.wav"});
-    QVERIFY(saving.written("/out/song-Part 1.wav") == saving.stretch(0, 7000));
 }
 
 QTEST_MAIN(win_save_all)

@@ -21,9 +21,9 @@ inline void pressAt(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::Le
     sendMouse(widget, QEvent::MouseButtonPress, at, button, button);
 }
 
-inline void moveTo(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton)
+inline void moveTo(QWidget& widget, QPointF at, Qt::MouseButtons held = Qt::LeftButton)
 {
-    sendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, button);
+    sendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, held);
 }
 
 inline void releaseAt(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton)
