@@ -23,7 +23,8 @@ QString bitrateText(const Mp3Format& properties)
     if (properties.VbrMethod < 0)
         return QString("%1 kbit/s")
             .arg(nearestMp3Bitrate(nearestMp3Rate(properties.FormatRate), properties.FormatBitrate));
-    if (properties.VbrMethod >= 4) return QString("ABR %1 kbit/s").arg(properties.AbrBitrate);
+    if (properties.VbrMethod >= 4)
+        return QString("ABR %1 kbit/s").arg(std::clamp<int>(properties.AbrBitrate, 4, 320));
     return QString("VBR quality %1").arg(properties.VbrQuality);
 }
 

@@ -22,5 +22,6 @@ std::int32_t nearestMp3Bitrate(std::int32_t rate, std::int32_t kbit)
     const std::span<const int> all = rate >= 32000   ? std::span<const int>(high)
                                      : rate >= 16000 ? std::span<const int>(low)
                                                      : std::span<const int>(lowest);
-    return *std::ranges::min_element(all, {}, [&](int each) { return std::abs(each - kbit); });
+    const int wanted = std::clamp(kbit, 8, 320);
+    return *std::ranges::min_element(all, {}, [&](int each) { return std::abs(each - wanted); });
 }

@@ -22,7 +22,8 @@ private slots:
     void theBitrateSliderNamesItsBitrate();
     void theVbrSliderNamesItsBitrate();
     void theNumberPopsUpWhileTheKnobIsDragged();
-    void thePageKeyMovesTheSliderByTwo();
+    void aPageKeyMovesTheSliderByTwo_data();
+    void aPageKeyMovesTheSliderByTwo();
     void theCodingMethodEnables_data();
     void theCodingMethodEnables();
     void theFilterBoxEnablesItsFields_data();
@@ -179,16 +180,34 @@ void win_mp3_controls::theNumberPopsUpWhileTheKnobIsDragged()
     });
 }
 
-void win_mp3_controls::thePageKeyMovesTheSliderByTwo()
+void win_mp3_controls::aPageKeyMovesTheSliderByTwo_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("position");    // from 4 on
+    QTest::addRow("up with the bitrate") << "sldrBitrate" << 0 << Qt::Key_PageUp << 6;
+    QTest::addRow("down with the bitrate") << "sldrBitrate" << 0 << Qt::Key_PageDown << 2;
+    QTest::addRow("up with the quality") << "sldrQuality" << 0 << Qt::Key_PageUp << 6;
+    QTest::addRow("down with the quality") << "sldrQuality" << 0 << Qt::Key_PageDown << 2;
+    QTest::addRow("up with the maximum") << "sldrVbrBitrate" << 2 << Qt::Key_PageUp << 6;
+    QTest::addRow("down with the maximum") << "sldrVbrBitrate" << 2 << Qt::Key_PageDown << 2;
+}
+
+void win_mp3_controls::aPageKeyMovesTheSliderByTwo()
+{
+    QFETCH(QString, name);
+    QFETCH(int, tab);
+    QFETCH(Qt::Key, key);
+    QFETCH(int, position);
     Desk desk;
-    desk.openMp3([](frmMP3& dialog) {
-        for (SettingsSlider* slider : {&dialog.sldrBitrate, &dialog.sldrQuality}) {
-            slider->setValue(4);
-            press(*slider, Qt::Key_PageUp);
-            QCOMPARE(slider->value(), 6);
-        }
-        QCOMPARE(dialog.sldrVbrBitrate.pageStep(), 2);
+    desk.format->VbrMethod = 0;
+    desk.openMp3([=](frmMP3& dialog) {
+        chooseTab(dialog.tabMP3, tab);
+        auto* slider = dialog.findChild<QSlider*>(name);
+        move(*slider, 4);
+        press(*slider, key);
+        QCOMPARE(slider->value(), position);
     });
 }
 

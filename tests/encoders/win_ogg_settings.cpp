@@ -123,7 +123,7 @@ void win_ogg_settings::theMinimumOfARunIsTheConstantBitrateOfTheNextSetUp()
         click(dialog.chVbr);
         click(dialog.cmdOk);
     });
-    QCOMPARE(storedKeys(desk).at(5), QString("96"));
+    QCOMPARE(storedKeys(desk), (QStringList{"0", "0", "44100", "2", "300", "96", "128"}));
     desk.writer->calls.clear();
     desk.form.ApplyOggSettings();
     QCOMPARE(desk.writer->calls, (QStringList{"IsFormatOggVorbisAvailable 44100 2 96 0 0",

@@ -10,13 +10,10 @@ private slots:
     void everyControlHasItsName();
     void aDialogHasItsTitle();
     void theTabsStandInOrder();
-    void theWmaProfilesRunFromOne();
     void aCaptionIsFixed_data();
     void aCaptionIsFixed();
     void aListHasItsRows_data();
     void aListHasItsRows();
-    void aNumberBoxHasItsRange_data();
-    void aNumberBoxHasItsRange();
     void noLabelIsShortened();
     void theTabKeyFollowsTheEye_data();
     void theTabKeyFollowsTheEye();
@@ -121,12 +118,6 @@ void win_settings_layout::theTabsStandInOrder()
              (QStringList{"General", "Filtering", "VBR", "Expert", "Preset", "Alt-Preset", "Command Line"}));
 }
 
-void win_settings_layout::theWmaProfilesRunFromOne()
-{
-    Desk desk;
-    desk.openWma([](frmWMA& dialog) { QCOMPARE(dialog.udWMAProfile.minimum(), 1); });
-}
-
 void win_settings_layout::aCaptionIsFixed_data()
 {
     QTest::addColumn<QString>("form");
@@ -188,6 +179,11 @@ void win_settings_layout::aCaptionIsFixed_data()
     row("frmOgg", "frmOption", "Option");
     row("frmOgg", "chQuality", "Quality Enabled");
     row("frmOgg", "chVbr", "VBR Enabled");
+    row("frmOgg", "lblMinBitrate", "Current min bitrate: 128 kbit");
+    row("frmOgg", "lblMaxBitrate", "Current max bitrate: 128 kbit");
+    row("frmOgg", "cmdOk", "Ok");
+    row("frmOgg", "cmdCancel", "Cancel");
+    row("frmOgg", "cmdApply", "Apply");
     row("frmWMA", "frmWMAFormat", "WMA Format");
     row("frmWMA", "cmdOk", "Ok");
 }
@@ -240,27 +236,6 @@ void win_settings_layout::aListHasItsRows()
     QStringList texts;
     for (int i = 0; i < list->count(); ++i) texts << list->itemText(i);
     QCOMPARE(texts.join('|'), rows);
-}
-
-void win_settings_layout::aNumberBoxHasItsRange_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QList<int>>("numbers");    // least, most, step, value before the fill
-    QTest::addRow("highpass") << "udHFiltF" << QList<int>{0, 48000, 10, 30};
-    QTest::addRow("highpass width") << "udHFiltW" << QList<int>{0, 48000, 10, 5};
-    QTest::addRow("lowpass") << "udLFiltF" << QList<int>{0, 48000, 10, 15160};
-    QTest::addRow("lowpass width") << "udLFiltW" << QList<int>{0, 48000, 10, 750};
-    QTest::addRow("VBR quality") << "udVbrQuality" << QList<int>{0, 9, 1, 0};
-    QTest::addRow("ABR bitrate") << "udAbrBitrate" << QList<int>{4, 320, 1, 123};
-}
-
-void win_settings_layout::aNumberBoxHasItsRange()
-{
-    QFETCH(QString, name);
-    QFETCH(QList<int>, numbers);
-    Desk desk;
-    const auto* box = Mp3SettingsForm->findChild<QSpinBox*>(name);
-    QCOMPARE((QList<int>{box->minimum(), box->maximum(), box->singleStep(), box->value()}), numbers);
 }
 
 void win_settings_layout::noLabelIsShortened()

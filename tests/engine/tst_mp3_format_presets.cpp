@@ -45,6 +45,11 @@ LameFormat withPreset(int number, bool alternative)
     return format;
 }
 
+void* openLame()
+{
+    return ::dlopen("libmp3lame.so.0", RTLD_NOW);
+}
+
 /// What the live library makes of one of its presets, for sound of the rate and channels given.
 class LiveLame {
 public:
@@ -70,12 +75,11 @@ private:
     template <typename Function>
     Function find(const char* name) const
     {
-        if (!library_) qFatal("no LAME library to ask");
         return reinterpret_cast<Function>(::dlsym(library_, name));
     }
     void set(const char* name, int value) { find<int (*)(lame_t, int)>(name)(lame_, value); }
 
-    void* library_ = ::dlopen("libmp3lame.so.0", RTLD_NOW);
+    void* library_ = openLame();
     lame_t lame_ = find<decltype(&lame_init)>("lame_init")();
 };
 
@@ -84,6 +88,7 @@ private:
 class tst_mp3_format_presets : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void theLibraryAgreesOnTheMethod_data() { addPresets(); }
     void theLibraryAgreesOnTheMethod();
     void theLibraryAgreesOnTheBitrate_data() { addPresets(); }
@@ -99,6 +104,14 @@ private slots:
     void otherNumbersFailAndChangeNothing_data();
     void otherNumbersFailAndChangeNothing();
 };
+
+// Without the library there is nobody to agree, and no test of this program goes on.
+void tst_mp3_format_presets::initTestCase()
+{
+    void* const library = openLame();
+    QVERIFY2(library, ::dlerror());
+    ::dlclose(library);
+}
 
 void tst_mp3_format_presets::theLibraryAgreesOnTheMethod()
 {

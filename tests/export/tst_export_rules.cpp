@@ -213,7 +213,7 @@ void tst_export_rules::aTextThatDoesNotConvertLeavesItsProperty_data()
     QTest::addColumn<QString>("text");
     QTest::addRow("a key that is missing") << "3"
                                            << "";
-    QTest::addRow("letters in a number") << "2"
+    QTest::addRow("letters in a number") << "8"
                                          << "abc";
     QTest::addRow("a number beyond 16 bits") << "1"
                                              << "32768";

@@ -5,6 +5,8 @@ class win_format_settings : public QObject {
     Q_OBJECT
 private slots:
     void aPictureReadsTheStoredSettingsAgain();
+    void aMovedQualityThatWasCancelledIsGoneAtTheNextPress();
+    void aPictureLeavesTheWriterInItsFormatAfterAnOpen_data();
     void aPictureLeavesTheWriterInItsFormatAfterAnOpen();
     void aFormatThatIsOffHasNoSettingsToReach_data();
     void aFormatThatIsOffHasNoSettingsToReach();
@@ -26,17 +28,55 @@ void win_format_settings::aPictureReadsTheStoredSettingsAgain()
     QCOMPARE(form.MP3LameEncoderMain->FormatBitrate, 64);
 }
 
+void win_format_settings::aMovedQualityThatWasCancelledIsGoneAtTheNextPress()
+{
+    Start start{{"OutPutCut", "Format", "MP3"}, {"Mp3", "8", "3"}};
+    CutterSelect& form = start.load();
+    press(form.Image24, form.Image24.rect().center());
+    DialogDriver driver;
+    QList<int> shown;
+    for (int visit = 0; visit < 2; ++visit) {
+        driver.expect([&shown](QDialog& dialog) {
+            auto* slider = dialog.findChild<QSlider*>("sldrQuality");
+            shown << slider->value();
+            QTest::keyClick(slider, Qt::Key_End);
+            QTest::mouseClick(dialog.findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            return true;
+        });
+        press(form.Image6[1], form.Image6[1].rect().center());
+        QCOMPARE(form.MP3LameEncoderMain->EncoderQuality, std::int16_t{9});
+    }
+    QCOMPARE(shown, (QList<int>{3, 3}));
+}
+
+void win_format_settings::aPictureLeavesTheWriterInItsFormatAfterAnOpen_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<int>("picture");
+    QTest::addColumn<QStringList>("calls");    // of the press and of the dialog
+    QTest::addRow("WAV, which has no dialog") << "WAV" << 0 << pcm;
+    QTest::addRow("MP3") << "MP3" << 1 << mp3Once + mp3Once;
+    QTest::addRow("Ogg Vorbis") << "OGG" << 2 << ogg;
+    QTest::addRow("WMA") << "WMA" << 3 << wma + wma;
+}
+
+// An open leaves the writer with the format of the work file, and the button of the selected format on.
 void win_format_settings::aPictureLeavesTheWriterInItsFormatAfterAnOpen()
 {
-    Start start{{"OutPutCut", "Format", "OGG"}};
-    start.load();
+    QFETCH(QString, format);
+    QFETCH(int, picture);
+    QFETCH(QStringList, calls);
+    Start start{{"WMA", "WMASUPPORT", "True"}};
+    start.fixture.writeSetting("OutPutCut", "Format", format);
     CutterSelect& form = start.fixture.open(fakeSound(testRate));
+    QCOMPARE(optionOf(form), picture);
+    journal().clear();
     DialogDriver driver;
     QStringList shown;
-    leave(driver, shown);
-    form.Image6_Click(2);
-    QCOMPARE(shown, QStringList{"frmOgg"});
-    QVERIFY(start.writer().last().startsWith("FileWenc.SetFormatOggVorbis"));
+    if (picture != 0) leave(driver, shown);
+    form.Image6_Click(picture);
+    QCOMPARE(shown.size(), picture == 0 ? 0 : 1);
+    QCOMPARE(start.writer(), calls);
 }
 
 void win_format_settings::aFormatThatIsOffHasNoSettingsToReach_data()
@@ -55,7 +95,10 @@ void win_format_settings::aFormatThatIsOffHasNoSettingsToReach()
     form.RestoreOutputFormat();
     QCOMPARE(form.OUTPUTFORMAT, stored);
     journal().clear();
+    start.shown.clear();
+    leave(start.driver, start.shown);    // should one come up all the same
     form.SelecFormatConfig.trigger();
+    QCOMPARE(start.shown, QStringList());
     QCOMPARE(journal().commands(), QStringList());
     QCOMPARE(start.fixture.setting("OutPutCut", "Format"), stored);
 }
@@ -79,6 +122,7 @@ void win_format_settings::wmaThatIsStoredWithoutItsSwitchCountsAsOff()
     QCOMPARE(wmaChoices(form), (QList<bool>{false, false, false, false}));
     QCOMPARE(optionOf(form), 1);
     QCOMPARE(form.OUTPUTFORMAT, QString("WMA"));
+    QCOMPARE(start.writer(), mp3Once);
     QCOMPARE(start.fixture.setting("WMA", "WMASUPPORT"), QString("False"));
 }
 
