@@ -72,6 +72,7 @@ private:
     GraphicImage* imageAt(double x, double y) const;
     void showCursorFor(const GraphicImage* image);
     void releaseLost(double x, double y);
+    bool isBesideDrag(const QMouseEvent& event) const;
 
     Twips left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     QColor backColor_;

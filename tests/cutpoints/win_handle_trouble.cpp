@@ -22,6 +22,7 @@ class win_handle_trouble : public QObject {
     Q_OBJECT
 private slots:
     void anotherButtonDoesNotDisturbADrag();
+    void aDoubleClickOfAnotherButtonDoesNotDisturbADrag();
     void anotherButtonDoesNotDisturbAPullOfTheVolume();
     void aDragWhoseReleaseWasLostEndsWithTheNextMove();
     void aCutAtTheStartOfTheFileIsDraggedAwayFromIt();
@@ -46,6 +47,21 @@ void win_handle_trouble::anotherButtonDoesNotDisturbADrag()
     QVERIFY(!form.BopDrag && form.PicInfos.isHidden());
     QCOMPARE(cutting.cuts(), (Samples{503000, 900000}));
     QCOMPARE(form.ListView1.cell(2, PartsListView::SampleStart), QString("503000"));
+}
+
+void win_handle_trouble::aDoubleClickOfAnotherButtonDoesNotDisturbADrag()
+{
+    Cutting cutting({300000, 900000});
+    auto& form = cutting.form;
+    cutting.fixture.pressBarOfRow(2);
+    pressHandle(form, 1);
+    pullTo(form, 4000);
+    form.HasSelectedPart = form.ClickedPart = true;
+    secondButton(form, true, 4500);
+    secondButton(form, false, 4500);
+    mouse(form.Picture1, QEvent::MouseButtonDblClick, 4500, inWave, Qt::RightButton,
+          Qt::LeftButton | Qt::RightButton);
+    QVERIFY(journal().commandsOf("AudioPlayer").isEmpty() && form.BopDrag);
 }
 
 void win_handle_trouble::anotherButtonDoesNotDisturbAPullOfTheVolume()
